@@ -1,0 +1,1 @@
+// Holds nothing: a set of precompiled headers needs one source to be compiled for.
