@@ -1,0 +1,173 @@
+#include "controls/TextBox.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+
+namespace {
+
+constexpr int BackspaceKey = 8;
+constexpr int EnterKey = 13;
+constexpr int PasteKey = 22;
+constexpr char32_t FirstPrintable = 0x20;
+constexpr char32_t DeleteCharacter = 0x7F;
+
+/// Whether the key would write its text into the box.
+bool WritesText(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (event.text().isEmpty() || modifiers == Qt::ControlModifier)
+        return false;
+    const QChar first = event.text().front();
+    return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format ||
+           first.category() == QChar::Other_PrivateUse;
+}
+
+/// Ctrl+V, Shift+Insert and what else the platform pastes with.
+bool IsPaste(const QKeyEvent &event)
+{
+    return event.matches(QKeySequence::Paste) ||
+           (event.key() == Qt::Key_Insert && event.modifiers().testFlag(Qt::ShiftModifier));
+}
+
+/// Ctrl+Shift+Insert and the middle button take the mouse selection where the platform has one.
+QClipboard::Mode PasteSource(const QKeyEvent &event)
+{
+    const bool selection = event.key() == Qt::Key_Insert && event.modifiers().testFlag(Qt::ControlModifier) &&
+                           QApplication::clipboard()->supportsSelection();
+    return selection ? QClipboard::Selection : QClipboard::Clipboard;
+}
+
+/// A box over the window, a menu or another program takes the keyboard, but the control is not left.
+bool StaysInControl(const QFocusEvent &event)
+{
+    return event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason;
+}
+
+} // namespace
+
+TextBox::TextBox(QWidget *parent) : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textChanged, this, [this] { emit Change(); });
+}
+
+bool TextBox::Passes(int key)
+{
+    emit KeyPress(key);
+    return key != 0;
+}
+
+void TextBox::InsertFiltered(const QString &text)
+{
+    for (const char32_t character : text.toUcs4()) {
+        if (character < FirstPrintable || character == DeleteCharacter)
+            continue;
+        // Looked at after the report: its routine may unlock the box.
+        if (Passes(static_cast<int>(character)) && !Locked())
+            insert(QString::fromUcs4(&character, 1));
+    }
+}
+
+void TextBox::Paste(QClipboard::Mode source)
+{
+    if (Passes(PasteKey))
+        InsertFiltered(QApplication::clipboard()->text(source));
+}
+
+void TextBox::keyPressEvent(QKeyEvent *event)
+{
+    event->accept();
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // Not passed on: a dialogue would click its default button.
+        Passes(EnterKey);
+    } else if (event->key() == Qt::Key_Backspace) {
+        if (Passes(BackspaceKey))
+            QLineEdit::keyPressEvent(event);
+    } else if (IsPaste(*event)) {
+        Paste(PasteSource(*event));
+    } else if (WritesText(*event)) {
+        InsertFiltered(event->text());
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    if (event->commitString().isEmpty()) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    // In the order of the toolkit: the old composition ends, text is replaced, the committed text goes in, a new
+    // composition begins.
+    QInputMethodEvent end;
+    end.setCommitString(QString(), event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&end);
+    InsertFiltered(event->commitString());
+    if (!event->preeditString().isEmpty()) {
+        QInputMethodEvent begin(event->preeditString(), event->attributes());
+        QLineEdit::inputMethodEvent(&begin);
+    }
+    event->accept();
+}
+
+void TextBox::mousePressEvent(QMouseEvent *event)
+{
+    emit MouseDown(event->button());
+    QLineEdit::mousePressEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::MiddleButton) {
+        QLineEdit::mouseReleaseEvent(event);
+        return;
+    }
+    event->accept();
+    if (QApplication::clipboard()->supportsSelection()) {
+        deselect();
+        Paste(QClipboard::Selection);
+    }
+}
+
+void TextBox::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit::focusInEvent(event);
+    const bool back = m_inside && StaysInControl(*event);
+    m_inside = true;
+    if (!back)
+        emit GotFocus();
+}
+
+void TextBox::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    if (StaysInControl(*event))
+        return;
+    m_inside = false;
+    emit LostFocus();
+}
+
+void TextBox::dropEvent(QDropEvent *event)
+{
+    if (!event->mimeData()->hasText()) {
+        event->ignore();
+        return;
+    }
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    InsertFiltered(event->mimeData()->text());
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void TextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    // No menu: its Paste would go past KeyPress.
+    event->accept();
+}
