@@ -1,0 +1,23 @@
+/// @file
+/// The commands of the reference list: add, change, delete, and one step of undo and redo.
+#pragma once
+
+class SensorProjFrm;
+
+/// Adds rows through the dialogue; refused for a built-in sensor.
+void mnuPopEditDataAdd_Click();
+/// Changes rows through the dialogue; does nothing for a built-in sensor or an empty list.
+void mnuPopEditDataChange_Click();
+/// Deletes the selected rows, or all, after a question.
+void mnuPopEditDataDelete_Click();
+void mnuPopEditDataDeleteAll_Click();
+
+/// Exchanges the table of a slot with its backup.
+void UndoReferenceEdit(int slot);
+void RedoReferenceEdit(int slot);
+
+/// The list with its pop-up menu and double click, and the undo and redo buttons of a window.
+void ConnectReferenceEdit(SensorProjFrm &form);
+
+/// The commands of the frame's pop-up menu. Called once.
+void ConnectReferencePopup();

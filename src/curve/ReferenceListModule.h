@@ -1,0 +1,7 @@
+/// @file
+/// The lists of reference rows in the project windows.
+#pragma once
+
+/// Rebuilds the lists of slots 0 to ProjectCount - 1 from their tables; the lists of built-in sensors stay empty. Lines
+/// of marked rows are selected. A slot without a window is passed over.
+void RefreshReferenceLists();
