@@ -1,0 +1,802 @@
+#include "measure/RunBench.h"
+
+#include "curve/ReferenceCurve.h"
+#include "shell/MainFrm.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <functional>
+
+namespace {
+
+using Set = std::function<void()>;
+
+/// Both wordings of a text as rows of a data-driven test.
+void AddWordings(const char *row, const QString &english, const QString &chinese)
+{
+    QTest::addRow("%s, English", row) << LanguageEnglish << english;
+    QTest::addRow("%s, Chinese", row) << LanguageChinese << chinese;
+}
+
+QString LinkPanel()
+{
+    const StatusPanels &panels = *MainForm->sbrStatus;
+    return panels.PanelText(panels.PanelOfKey(QStringLiteral("ConnectStatus")));
+}
+
+/// A run's data by hand: range, extremes and number of samples of both curves.
+void PutRun(int slot, std::int32_t count, double low, double high)
+{
+    for (WaveRecord *record : {&MeasureWave[slot], &ValueWave[slot]}) {
+        record->Points.resize(static_cast<std::size_t>(count));
+        record->Count = count;
+        record->LastIndex = count - 1;
+        record->YMin = low;
+        record->YMax = high;
+    }
+    MeasureMin[slot] = ValueMin[slot] = low;
+    MeasureMax[slot] = ValueMax[slot] = high;
+}
+
+const QStringList StoppedStates{
+    QStringLiteral("TxtSample on"),     QStringLiteral("exportCom on"),    QStringLiteral("RecordLumoBtn on"),
+    QStringLiteral("ReplayLumoBtn on"), QStringLiteral("EndLumoBtn off"),  QStringLiteral("PauseLumoBtn off"),
+    QStringLiteral("StopLumoBtn off"),  QStringLiteral("FastLumoBtn off"), QStringLiteral("LowLumoBtn off"),
+};
+const QStringList VerticalZoomStates{QStringLiteral("ZoomInVLumoBtn on"), QStringLiteral("ZoomOutVLumoBtn on"),
+                                     QStringLiteral("FlatScrollBar1 shown"), QStringLiteral("FlatScrollBar2 shown")};
+const QStringList ScrollStates{QStringLiteral("Recordpic shown"), QStringLiteral("HScroll1 on")};
+
+} // namespace
+
+class RunTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void startIsRefused_data();
+    void startIsRefused();
+    void checksComeInTheirOrder();
+    void linkIsAskedForAheadOfBuiltInSensor();
+    void kv7060PassesBuiltInSensorToTheNextCheck();
+    void diodeRunsOnKV7050();
+    void builtInSensorOnKV7060GetsAPlaceholderCurve();
+    void placeholderWithoutMeaningIsRefused();
+    void replacingDataIsAsked_data();
+    void replacingDataIsAsked();
+    void noKeepsTheData();
+    void startSetsEveryControl_data();
+    void startSetsEveryControl();
+    void startEmptiesTheRecordsButKeepsPointsAndRange();
+    void startSendsTheFunction_data();
+    void startSendsTheFunction();
+    void eachRunComposesItsCommandsAnew();
+    void functionIsSentWithTheRunMarkedAndTimerOff();
+    void startForgetsAnAcceptedOverload();
+    void failedSendEndsTheRun_data();
+    void failedSendEndsTheRun();
+    void startTakesNoSampleAndSwitchesTheTimerOfItsWindowOn();
+    void instrumentSensorIsStopped();
+    void failedStopLeavesTheRunMarked();
+    void failedSendStillStopsTheInstrumentSensor();
+
+    void endWithoutSamplesRestoresTheButtonsOnly_data();
+    void endWithoutSamplesRestoresTheButtonsOnly();
+    void endOffersZoomAndScroll();
+    void endShowsTheWholeRange();
+    void endOffersOnlyWhatTheRangesAllow_data();
+    void endOffersOnlyWhatTheRangesAllow();
+    void horizontalBarFollowsTheCount_data();
+    void horizontalBarFollowsTheCount();
+    void endWithLinkDownRestoresNothing();
+    void endWithoutCurveRestoresNothing();
+    void endWorksOnTheActiveProject();
+    void endIsAskedForWhateverItsButtonsState();
+    void endSendsNothing();
+};
+
+void RunTest::startIsRefused_data()
+{
+    QTest::addColumn<std::int32_t>("language");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<Set>("set");
+    const auto add = [](const char *row, const QString &english, const QString &chinese, const Set &set) {
+        QTest::addRow("%s, English", row) << LanguageEnglish << english << set;
+        QTest::addRow("%s, Chinese", row) << LanguageChinese << chinese << set;
+    };
+    const QString toKV7060 = QStringLiteral("You must send the task to KV7060! ");
+    const QString toKV7060Chinese = QStringLiteral("温度传感器任务只能发送到KV7060执行! ");
+    const QString toKV7050 = QStringLiteral("You must send current task to KV7050! ");
+    const QString toKV7050Chinese = QStringLiteral("当前传感器任务只能发送到KV7050执行! ");
+    add("link down", QStringLiteral("Please connect to the instrument! "), QStringLiteral("请和仪器连接! "),
+        [] { LinkUp = false; });
+    add("built-in sensor on KV7050", toKV7060, toKV7060Chinese, [] { SensorProjects[0].IsBuiltInSensor = true; });
+    add("built-in sensor on another model", toKV7060, toKV7060Chinese, [] {
+        SensorProjects[0].IsBuiltInSensor = true;
+        InstrumentKind = InstrumentKindOther;
+    });
+    add("diode on KV7060", toKV7050, toKV7050Chinese, [] {
+        SensorProjects[0].MeasFunction = 7;
+        InstrumentKind = InstrumentKindKV7060;
+    });
+    add("diode on another model", toKV7050, toKV7050Chinese, [] {
+        SensorProjects[0].MeasFunction = 7;
+        InstrumentKind = InstrumentKindOther;
+    });
+    add("no curve", QStringLiteral("You must generate reference curve first! "), QStringLiteral("尚未生成参考曲线! "),
+        [] { ProjectSlots[0].CurveApplied = false; });
+}
+
+void RunTest::startIsRefused()
+{
+    QFETCH(std::int32_t, language);
+    QFETCH(QString, text);
+    QFETCH(Set, set);
+    RunBench bench;
+    PutRun(0, 5, -1, 1);
+    CurrentLanguage = language;
+    OverloadAccepted = true;
+    InstrumentSensorOn = true;
+    set();
+    const bool applied = ProjectSlots[0].CurveApplied;
+    SetRunControls(bench.Form(), true);
+    const QStringList before = ControlStates(bench.Form());
+    bench.boxes.Add(QMessageBox::Ok);
+    bench.Form().RecordLumoBtn->click();
+
+    QCOMPARE(bench.boxes.Texts(), QStringList{text});
+    QCOMPARE(bench.boxes.Shown().front().Icon, QMessageBox::Warning);
+    QCOMPARE(bench.boxes.Shown().front().Title, QStringLiteral("Ostrakon"));
+    QCOMPARE(ControlStates(bench.Form()), before);
+    QVERIFY(!Measuring);
+    QVERIFY(OverloadAccepted);
+    QVERIFY(InstrumentSensorOn);
+    QCOMPARE(ProjectSlots[0].CurveApplied, applied);
+    QCOMPARE(MeasureWave[0].Count, 5);
+    QCOMPARE(ValueWave[0].LastIndex, 4);
+    QVERIFY(FunctionCommand.isEmpty());
+    QVERIFY(!bench.Form().Timer1->isActive());
+    QCOMPARE(FakeVisa::WriteCount(), 0);
+}
+
+void RunTest::checksComeInTheirOrder()
+{
+    RunBench bench;
+    PutRun(0, 5, -1, 1);
+    LinkUp = false;
+    SensorProjects[0].MeasFunction = 7;
+    InstrumentKind = InstrumentKindKV7060;
+    ProjectSlots[0].CurveApplied = false;
+    const auto refusedWith = [&bench](const char *text) {
+        bench.boxes.Add(QMessageBox::Ok);
+        StartMeasurement();
+        QCOMPARE(bench.boxes.Shown().last().Text, QString::fromLatin1(text));
+        QVERIFY(!Measuring);
+    };
+    refusedWith("Please connect to the instrument! ");
+    LinkUp = true;
+    refusedWith("You must send current task to KV7050! ");
+    InstrumentKind = InstrumentKindKV7050;
+    refusedWith("You must generate reference curve first! ");
+    ProjectSlots[0].CurveApplied = true;
+    bench.boxes.Add(QMessageBox::Yes);
+    StartMeasurement();
+    QCOMPARE(bench.boxes.Shown().last().Text, QStringLiteral("Data exists, whether coverage? "));
+    QVERIFY(Measuring);
+}
+
+void RunTest::linkIsAskedForAheadOfBuiltInSensor()
+{
+    RunBench bench;
+    LinkUp = false;
+    SensorProjects[0].IsBuiltInSensor = true;
+    SensorProjects[0].MeasFunction = 7;
+    InstrumentKind = InstrumentKindOther;
+    bench.boxes.Add(QMessageBox::Ok);
+    StartMeasurement();
+    QCOMPARE(bench.boxes.Texts(), QStringList{QStringLiteral("Please connect to the instrument! ")});
+    LinkUp = true;
+    bench.boxes.Add(QMessageBox::Ok);
+    StartMeasurement();
+    QCOMPARE(bench.boxes.Shown().last().Text, QStringLiteral("You must send the task to KV7060! "));
+}
+
+void RunTest::kv7060PassesBuiltInSensorToTheNextCheck()
+{
+    RunBench bench;
+    SensorProjects[0].IsBuiltInSensor = true;
+    SensorProjects[0].MeasFunction = 7;
+    InstrumentKind = InstrumentKindKV7060;
+    ProjectSlots[0].CurveApplied = false;
+    bench.boxes.Add(QMessageBox::Ok);
+    StartMeasurement();
+    QCOMPARE(bench.boxes.Texts(), QStringList{QStringLiteral("You must send current task to KV7050! ")});
+    QVERIFY(ProjectSlots[0].CurveApplied);
+    QCOMPARE(ReferenceCurves[0].Count, 2);
+}
+
+void RunTest::diodeRunsOnKV7050()
+{
+    RunBench bench;
+    SensorProjects[0].MeasFunction = 7;
+    StartMeasurement();
+    QVERIFY(Measuring);
+    QCOMPARE(FakeVisa::Lines(), QByteArrayList{":FUNCtion:DIODe"});
+}
+
+void RunTest::builtInSensorOnKV7060GetsAPlaceholderCurve()
+{
+    RunBench bench;
+    SensorProjects[0].IsBuiltInSensor = true;
+    SensorProjects[0].MeasFunction = 5;
+    InstrumentKind = InstrumentKindKV7060;
+    ProjectSlots[0].CurveApplied = false;
+    ReferenceCurve &curve = ReferenceCurves[0];
+    curve.Points[0] = {0.25, 0.75};
+    curve.Flags[0] = {1, 1};
+    StartMeasurement();
+
+    QVERIFY(Measuring);
+    QVERIFY(ProjectSlots[0].CurveApplied);
+    QCOMPARE(curve.Count, 2);
+    QCOMPARE(curve.Points[0].X, 0.25);
+    QCOMPARE(curve.Points[0].Y, 0.75);
+    QCOMPARE(curve.Flags[0].Arithmetic, std::uint8_t{1});
+    for (int i = 1; i <= 2; ++i) {
+        QCOMPARE(curve.Points[static_cast<std::size_t>(i)].X, double(i));
+        QCOMPARE(curve.Points[static_cast<std::size_t>(i)].Y, double(i));
+        QCOMPARE(curve.Flags[static_cast<std::size_t>(i)].IsSegment, std::uint8_t(i == 1));
+        QCOMPARE(curve.Flags[static_cast<std::size_t>(i)].Arithmetic, std::uint8_t{0});
+    }
+    // The range of elements 0 and 1, the two that count.
+    QCOMPARE(curve.XMin, 0.25);
+    QCOMPARE(curve.XMax, 1.0);
+    QCOMPARE(curve.YMin, 0.75);
+    QCOMPARE(curve.YMax, 1.0);
+    // The library keeps the curve that it held.
+    QCOMPARE(SEN_Meas_Z(3), 6.0);
+}
+
+void RunTest::placeholderWithoutMeaningIsRefused()
+{
+    RunBench bench;
+    SensorProjects[0].IsBuiltInSensor = true;
+    InstrumentKind = InstrumentKindKV7060;
+    ReferenceCurves[0].Points[0] = {0, 1};
+    bench.boxes.Add(QMessageBox::Ok);
+    bench.boxes.Add(QMessageBox::Ok);
+    StartMeasurement();
+    const QStringList told{QStringLiteral("Simulation data is not meaningful, non-implementation of this software "
+                                          "application! "),
+                           QStringLiteral("You must generate reference curve first! ")};
+    QCOMPARE(bench.boxes.Texts(), told);
+    QVERIFY(!Measuring);
+}
+
+void RunTest::replacingDataIsAsked_data()
+{
+    QTest::addColumn<std::int32_t>("language");
+    QTest::addColumn<QString>("text");
+    AddWordings("question", QStringLiteral("Data exists, whether coverage? "), QStringLiteral("存在数据，是否覆盖? "));
+}
+
+void RunTest::replacingDataIsAsked()
+{
+    QFETCH(std::int32_t, language);
+    QFETCH(QString, text);
+    RunBench bench;
+    CurrentLanguage = language;
+    PutRun(0, 1, -1, 1);
+    bench.boxes.Add(QMessageBox::Yes);
+    bench.Form().RecordLumoBtn->click();
+    QCOMPARE(bench.boxes.Texts(), QStringList{text});
+    QCOMPARE(bench.boxes.Shown().front().Buttons, QMessageBox::Yes | QMessageBox::No);
+    QVERIFY(Measuring);
+    QCOMPARE(MeasureWave[0].Count, 0);
+}
+
+void RunTest::noKeepsTheData()
+{
+    RunBench bench;
+    PutRun(0, 3, -1, 1);
+    SetRunControls(bench.Form(), true);
+    const QStringList before = ControlStates(bench.Form());
+    bench.boxes.Add(QMessageBox::No);
+    bench.Form().RecordLumoBtn->click();
+    QVERIFY(!Measuring);
+    QCOMPARE(ControlStates(bench.Form()), before);
+    QCOMPARE(MeasureWave[0].Count, 3);
+    QCOMPARE(ValueWave[0].LastIndex, 2);
+    QCOMPARE(FakeVisa::WriteCount(), 0);
+    // Only the readings count: values alone are replaced without a question.
+    MeasureWave[0].Count = 0;
+    bench.Form().RecordLumoBtn->click();
+    QVERIFY(Measuring);
+}
+
+void RunTest::startSetsEveryControl_data()
+{
+    QTest::addColumn<bool>("on");
+    QTest::newRow("all enabled and shown before") << true;
+    QTest::newRow("all disabled and hidden before") << false;
+}
+
+void RunTest::startSetsEveryControl()
+{
+    QFETCH(bool, on);
+    RunBench bench;
+    SetRunControls(bench.Form(), on);
+    QStringList changes{QStringLiteral("EndLumoBtn on")};
+    for (const char *name : {"TxtSample", "exportCom", "RecordLumoBtn", "ReplayLumoBtn", "PauseLumoBtn", "StopLumoBtn",
+                             "FastLumoBtn", "LowLumoBtn", "ZoomInVLumoBtn", "ZoomOutVLumoBtn", "HScroll1"})
+        changes.append(QString::fromLatin1(name) + QStringLiteral(" off"));
+    for (const char *name : {"FlatScrollBar1", "FlatScrollBar2", "Recordpic"})
+        changes.append(QString::fromLatin1(name) + QStringLiteral(" hidden"));
+    const QStringList expected = Changed(ControlStates(bench.Form()), changes);
+    StartMeasurement();
+    QCOMPARE(ControlStates(bench.Form()), expected);
+}
+
+void RunTest::startEmptiesTheRecordsButKeepsPointsAndRange()
+{
+    RunBench bench;
+    PutRun(0, 4, -3, 5);
+    for (WaveRecord *record : {&MeasureWave[0], &ValueWave[0]}) {
+        record->WindowSamples = 7;
+        record->FirstVisible = 2;
+        record->LastVisible = 8;
+        record->XMin = 2;
+        record->XMax = 8;
+        record->ZoomFactor = 4;
+        record->Points[3] = {3, 1.5};
+    }
+    bench.boxes.Add(QMessageBox::Yes);
+    StartMeasurement();
+    for (const WaveRecord *record : {&MeasureWave[0], &ValueWave[0]}) {
+        QCOMPARE(record->WindowSamples, 61);
+        QCOMPARE(record->LastIndex, -1);
+        QCOMPARE(record->Count, 0);
+        QCOMPARE(record->Points.size(), std::size_t{4});
+        QCOMPARE(record->Points[3].Y, 1.5);
+        QCOMPARE(record->YMin, -3.0);
+        QCOMPARE(record->YMax, 5.0);
+        QCOMPARE(record->FirstVisible, 2);
+        QCOMPARE(record->LastVisible, 8);
+        QCOMPARE(record->XMin, 2.0);
+        QCOMPARE(record->XMax, 8.0);
+        QCOMPARE(record->ZoomFactor, 4);
+    }
+    QCOMPARE(MeasureMin[0], -3.0);
+    QCOMPARE(MeasureMax[0], 5.0);
+    QCOMPARE(ValueMin[0], -3.0);
+    QCOMPARE(ValueMax[0], 5.0);
+    bench.Tick("2");
+    QCOMPARE(MeasureWave[0].Points.size(), std::size_t{1});
+    QCOMPARE(ValueWave[0].Points.size(), std::size_t{1});
+}
+
+void RunTest::startSendsTheFunction_data()
+{
+    QTest::addColumn<std::int32_t>("measFunction");
+    QTest::addColumn<QByteArray>("function");
+    QTest::addColumn<QByteArray>("measure");
+    QTest::newRow("DC voltage") << 0 << QByteArray(":FUNCtion:VOLTage:DC") << QByteArray(":MEASure:VOLTage:DC?");
+    QTest::newRow("4-wire") << 5 << QByteArray(":FUNCtion:FRESistance") << QByteArray(":MEASure:FRESistance?");
+    QTest::newRow("ratio") << 8 << QByteArray(":FUNCtion:VOLTage:DC:RATIo") << QByteArray(":MEASure:VOLTage:DC:RATIo?");
+    QTest::newRow("thermocouple") << 10 << QByteArray(":FUNCtion:VOLTage:DC") << QByteArray(":MEASure:VOLTage:DC?");
+}
+
+void RunTest::startSendsTheFunction()
+{
+    QFETCH(std::int32_t, measFunction);
+    QFETCH(QByteArray, function);
+    QFETCH(QByteArray, measure);
+    RunBench bench;
+    SensorProjects[0].MeasFunction = measFunction;
+    bench.Form().RecordLumoBtn->click();
+    QCOMPARE(FakeVisa::Lines(), QByteArrayList{function});
+    QCOMPARE(FakeVisa::ReadCount(), 0);
+    QCOMPARE(MeasureCommand, QString::fromLatin1(measure));
+    bench.Tick("1");
+    QCOMPARE(FakeVisa::Lines(), (QByteArrayList{function, measure}));
+    QCOMPARE(FakeVisa::ReadCount(), 1);
+}
+
+void RunTest::eachRunComposesItsCommandsAnew()
+{
+    RunBench bench;
+    bench.Form().RecordLumoBtn->click();
+    bench.Form().EndLumoBtn->click();
+    SensorProjects[0].MeasFunction = 9;
+    QCOMPARE(FunctionCommand, QStringLiteral(":FUNCtion:VOLTage:DC"));
+    bench.Form().RecordLumoBtn->click();
+    QCOMPARE(FunctionCommand, QStringLiteral(":FUNCtion:FREQuency"));
+    QCOMPARE(FakeVisa::Lines(), (QByteArrayList{":FUNCtion:VOLTage:DC", ":FUNCtion:FREQuency"}));
+}
+
+void RunTest::functionIsSentWithTheRunMarkedAndTimerOff()
+{
+    RunBench bench;
+    bool marked = false;
+    bool ticking = true;
+    FakeVisa::State().OnWrite = [&](const QByteArray &) {
+        marked = Measuring;
+        ticking = bench.Form().Timer1->isActive();
+    };
+    StartMeasurement();
+    QVERIFY(marked);
+    QVERIFY(!ticking);
+    QVERIFY(bench.Form().Timer1->isActive());
+}
+
+void RunTest::startForgetsAnAcceptedOverload()
+{
+    RunBench bench;
+    OverloadAccepted = true;
+    StartMeasurement();
+    QVERIFY(!OverloadAccepted);
+}
+
+void RunTest::failedSendEndsTheRun_data()
+{
+    QTest::addColumn<std::int32_t>("language");
+    QTest::addColumn<QString>("text");
+    AddWordings("lost", QStringLiteral("Unable to connect to USB device, Measurement has been stopped! "),
+                QStringLiteral("通信中断，测量已经结束! "));
+}
+
+void RunTest::failedSendEndsTheRun()
+{
+    QFETCH(std::int32_t, language);
+    QFETCH(QString, text);
+    RunBench bench;
+    CurrentLanguage = language;
+    SetRunControls(bench.Form(), true);
+    QStringList changes = StoppedStates;
+    // What the start has switched off and an end without samples leaves.
+    for (const char *change : {"ZoomInVLumoBtn off", "ZoomOutVLumoBtn off", "HScroll1 off", "FlatScrollBar1 hidden",
+                               "FlatScrollBar2 hidden", "Recordpic hidden"})
+        changes.append(QString::fromLatin1(change));
+    const QStringList expected = Changed(ControlStates(bench.Form()), changes);
+    FakeVisa::FailNextWrite();
+    bench.boxes.Add(QMessageBox::Ok);
+    bench.Form().RecordLumoBtn->click();
+
+    QCOMPARE(bench.boxes.Texts(), QStringList{text});
+    QCOMPARE(bench.boxes.Shown().front().Icon, QMessageBox::Warning);
+    QVERIFY(!Measuring);
+    QVERIFY(!LinkUp);
+    QCOMPARE(LinkPanel(), QStringLiteral("Unconnected"));
+    QVERIFY(!bench.Form().Timer1->isActive());
+    QCOMPARE(ControlStates(bench.Form()), expected);
+    QCOMPARE(FakeVisa::Lines(), QByteArrayList());
+}
+
+void RunTest::startTakesNoSampleAndSwitchesTheTimerOfItsWindowOn()
+{
+    RunBench bench;
+    SensorProjFrm &second = bench.Add(1);
+    ProjectSlots[1].CurveApplied = true;
+    second.Timer1->setInterval(2500);
+    second.RecordLumoBtn->click();
+    QVERIFY(second.Timer1->isActive());
+    QCOMPARE(second.Timer1->interval(), 2500);
+    QVERIFY(!second.Timer1->isSingleShot());
+    QVERIFY(!bench.Form(0).Timer1->isActive());
+    QCOMPARE(MeasureWave[1].Count, 0);
+    QCOMPARE(FakeVisa::ReadCount(), 0);
+}
+
+void RunTest::instrumentSensorIsStopped()
+{
+    RunBench bench;
+    InstrumentSensorOn = true;
+    LastUsbStatus = -1;
+    bench.boxes.Add(QMessageBox::Ok);
+    QElapsedTimer clock;
+    clock.start();
+    bench.Form().RecordLumoBtn->click();
+
+    QVERIFY(clock.elapsed() >= 2000);
+    QCOMPARE(bench.boxes.Texts(),
+             QStringList{QStringLiteral("Stop instrument measurement and start software measurement! ")});
+    QCOMPARE(bench.boxes.Shown().front().Icon, QMessageBox::Information);
+    QVERIFY(!InstrumentSensorOn);
+    QCOMPARE(FakeVisa::State().Transfers.size(), 1);
+    const FakeVisa::ControlTransfer &stop = FakeVisa::State().Transfers.front();
+    QCOMPARE(stop.Session, VisaSession);
+    QCOMPARE(stop.RequestType, 0x40);
+    QCOMPARE(stop.Request, 0x1F);
+    QCOMPARE(stop.Value, 0);
+    QCOMPARE(stop.Index, 0);
+    QCOMPARE(stop.Length, 0);
+    QCOMPARE(LastUsbStatus, 0);
+    QVERIFY(Measuring);
+    QVERIFY(LinkUp);
+    QVERIFY(bench.Form().Timer1->isActive());
+    QCOMPARE(FakeVisa::Lines(), QByteArrayList{":FUNCtion:VOLTage:DC"});
+
+    // Stopped once: the next run finds nothing to stop.
+    bench.Form().EndLumoBtn->click();
+    bench.Form().RecordLumoBtn->click();
+    QVERIFY(Measuring);
+    QCOMPARE(FakeVisa::State().Transfers.size(), 1);
+}
+
+void RunTest::failedStopLeavesTheRunMarked()
+{
+    RunBench bench;
+    CurrentLanguage = LanguageChinese;
+    InstrumentSensorOn = true;
+    FakeVisa::State().ControlStatusOf[0x1F] = VI_ERROR_CONN_LOST;
+    SetRunControls(bench.Form(), true);
+    bench.boxes.Add(QMessageBox::Ok);
+    bench.boxes.Add(QMessageBox::Ok);
+    bench.Form().RecordLumoBtn->click();
+
+    const QStringList texts{QStringLiteral("停止仪器测量，开启软件测量! "),
+                            QStringLiteral("Unable to connect to USB device! ")};
+    QCOMPARE(bench.boxes.Texts(), texts);
+    QCOMPARE(bench.boxes.Shown().last().Title, QStringLiteral("USB Send Message"));
+    QCOMPARE(bench.boxes.Shown().last().Icon, QMessageBox::Warning);
+    QCOMPARE(LastUsbStatus, std::int32_t(VI_ERROR_CONN_LOST));
+    QVERIFY(!InstrumentSensorOn);
+    QVERIFY(!LinkUp);
+    QCOMPARE(LinkPanel(), QStringLiteral("Unconnected"));
+    QVERIFY(Measuring);
+    QVERIFY(!bench.Form().Timer1->isActive());
+    QVERIFY(bench.Form().EndLumoBtn->isEnabled());
+    QVERIFY(!bench.Form().RecordLumoBtn->isEnabled());
+
+    // The end button only takes the mark away.
+    const QStringList running = ControlStates(bench.Form());
+    bench.Form().EndLumoBtn->click();
+    QVERIFY(!Measuring);
+    QCOMPARE(ControlStates(bench.Form()), running);
+    QVERIFY(!MainForm->CheckLinkTimer->isActive());
+}
+
+void RunTest::failedSendStillStopsTheInstrumentSensor()
+{
+    RunBench bench;
+    InstrumentSensorOn = true;
+    FakeVisa::FailNextWrite();
+    bench.boxes.Add(QMessageBox::Ok);
+    bench.boxes.Add(QMessageBox::Ok);
+    bench.Form().RecordLumoBtn->click();
+    const QStringList texts{QStringLiteral("Unable to connect to USB device, Measurement has been stopped! "),
+                            QStringLiteral("Stop instrument measurement and start software measurement! ")};
+    QCOMPARE(bench.boxes.Texts(), texts);
+    QVERIFY(!InstrumentSensorOn);
+    QCOMPARE(FakeVisa::State().Transfers.size(), 1);
+    QVERIFY(!Measuring);
+    QVERIFY(!bench.Form().Timer1->isActive());
+}
+
+void RunTest::endWithoutSamplesRestoresTheButtonsOnly_data()
+{
+    QTest::addColumn<bool>("on");
+    QTest::newRow("all enabled and shown before") << true;
+    QTest::newRow("all disabled and hidden before") << false;
+}
+
+void RunTest::endWithoutSamplesRestoresTheButtonsOnly()
+{
+    QFETCH(bool, on);
+    RunBench bench;
+    StartMeasurement();
+    SetRunControls(bench.Form(), on);
+    OverloadAccepted = true;
+    const QStringList expected = Changed(ControlStates(bench.Form()), StoppedStates);
+    EndMeasurement();
+    QVERIFY(!Measuring);
+    QVERIFY(!bench.Form().Timer1->isActive());
+    QCOMPARE(ControlStates(bench.Form()), expected);
+    QVERIFY(MainForm->CheckLinkTimer->isActive());
+    QVERIFY(OverloadAccepted);
+}
+
+void RunTest::endOffersZoomAndScroll()
+{
+    RunBench bench;
+    StartMeasurement();
+    for (const char *reply : {"1", "-4", "6"})
+        bench.Tick(reply);
+    OverloadAccepted = true;
+    const QStringList expected =
+        Changed(ControlStates(bench.Form()), StoppedStates + VerticalZoomStates + ScrollStates);
+    bench.Form().EndLumoBtn->click();
+    QVERIFY(!Measuring);
+    QVERIFY(!bench.Form().Timer1->isActive());
+    QCOMPARE(ControlStates(bench.Form()), expected);
+    QVERIFY(MainForm->CheckLinkTimer->isActive());
+    QVERIFY(!OverloadAccepted);
+    for (const FlatScrollBar *bar : {bench.Form().FlatScrollBar1, bench.Form().FlatScrollBar2}) {
+        QCOMPARE(bar->minimum(), 0);
+        QCOMPARE(bar->maximum(), 50);
+        QCOMPARE(bar->singleStep(), 1);
+        QCOMPARE(bar->pageStep(), 10);
+        QCOMPARE(bar->value(), 50);
+    }
+    QCOMPARE(MeasureWave[0].YMin, -4.0);
+    QCOMPARE(MeasureWave[0].YMax, 6.0);
+    QCOMPARE(ValueWave[0].YMin, -8.0);
+    QCOMPARE(ValueWave[0].YMax, 12.0);
+    // The data stay.
+    QCOMPARE(MeasureWave[0].Count, 3);
+    QCOMPARE(ValueWave[0].Points[2].Y, 12.0);
+}
+
+void RunTest::endShowsTheWholeRange()
+{
+    RunBench bench;
+    PutRun(0, 20, 0, 10);
+    // The value curve stands elsewhere than the reading curve, and both are zoomed.
+    ValueMin[0] = 100;
+    ValueMax[0] = 300;
+    ValueWave[0].YMin = 175;
+    ValueWave[0].YMax = 200;
+    ValueWave[0].ZoomFactor = 8;
+    MeasureWave[0].YMin = 2.5;
+    MeasureWave[0].YMax = 5;
+    MeasureWave[0].ZoomFactor = 4;
+    EndMeasurement();
+    QCOMPARE(ValueWave[0].ZoomFactor, 1);
+    QCOMPARE(ValueWave[0].YMin, 175.0);
+    QCOMPARE(ValueWave[0].YMax, 375.0);
+    QCOMPARE(bench.Form().FlatScrollBar1->maximum(), 50);
+    QCOMPARE(bench.Form().FlatScrollBar1->value(), 31); // (1 - 75 / 200) * 50 = 31.25
+    QCOMPARE(MeasureWave[0].ZoomFactor, 1);
+    QCOMPARE(MeasureWave[0].YMin, 2.5);
+    QCOMPARE(MeasureWave[0].YMax, 12.5);
+    QCOMPARE(bench.Form().FlatScrollBar2->maximum(), 50);
+    QCOMPARE(bench.Form().FlatScrollBar2->value(), 38); // (1 - 2.5 / 10) * 50 = 37.5, a tie
+}
+
+void RunTest::endOffersOnlyWhatTheRangesAllow_data()
+{
+    QTest::addColumn<std::int32_t>("count");
+    QTest::addColumn<double>("measureHigh"); // the low ends are 0
+    QTest::addColumn<double>("valueHigh");
+    QTest::addColumn<bool>("vertical");
+    QTest::addColumn<bool>("horizontal");
+    QTest::newRow("both curves have a range") << 5 << 1.0 << 1.0 << true << true;
+    QTest::newRow("constant curves") << 5 << 0.0 << 0.0 << false << false;
+    QTest::newRow("constant readings") << 5 << 0.0 << 1.0 << false << false;
+    QTest::newRow("constant values") << 5 << 1.0 << 0.0 << false << true;
+    QTest::newRow("readings upside down") << 5 << -1.0 << 0.0 << false << false;
+    QTest::newRow("ranges of an earlier run, no samples") << 0 << 1.0 << 1.0 << true << false;
+    QTest::newRow("one sample") << 1 << 1.0 << 1.0 << true << true;
+}
+
+void RunTest::endOffersOnlyWhatTheRangesAllow()
+{
+    QFETCH(std::int32_t, count);
+    QFETCH(double, measureHigh);
+    QFETCH(double, valueHigh);
+    QFETCH(bool, vertical);
+    QFETCH(bool, horizontal);
+    RunBench bench;
+    PutRun(0, count, 0, 1);
+    MeasureWave[0].YMax = MeasureMax[0] = measureHigh;
+    ValueWave[0].YMax = ValueMax[0] = valueHigh;
+    SetRunControls(bench.Form(), false);
+    OverloadAccepted = true;
+    const QStringList expected =
+        Changed(ControlStates(bench.Form()), StoppedStates + (vertical ? VerticalZoomStates : QStringList()) +
+                                                 (horizontal ? ScrollStates : QStringList()));
+    EndMeasurement();
+    QCOMPARE(ControlStates(bench.Form()), expected);
+    QVERIFY(MainForm->CheckLinkTimer->isActive());
+    QCOMPARE(OverloadAccepted, !horizontal);
+}
+
+void RunTest::horizontalBarFollowsTheCount_data()
+{
+    QTest::addColumn<std::int32_t>("count");
+    QTest::addColumn<std::int32_t>("first");
+    QTest::addColumn<int>("maximum");
+    QTest::addColumn<int>("value");
+    QTest::newRow("1") << 1 << 0 << 0 << 0;
+    QTest::newRow("62") << 62 << 1 << 61 << 1;
+    QTest::newRow("32768") << 32768 << 32707 << 32767 << 32707;
+    QTest::newRow("32769, by two") << 32769 << 32708 << 16384 << 16354;
+    QTest::newRow("32770, cut") << 32770 << 32709 << 16384 << 16354;
+    QTest::newRow("65535, by two") << 65535 << 65474 << 32767 << 32737;
+    QTest::newRow("65536, by three") << 65536 << 65475 << 21845 << 21825;
+    QTest::newRow("524288, by seventeen") << 524288 << 524227 << 30840 << 30836;
+}
+
+void RunTest::horizontalBarFollowsTheCount()
+{
+    QFETCH(std::int32_t, count);
+    QFETCH(std::int32_t, first);
+    QFETCH(int, maximum);
+    QFETCH(int, value);
+    RunBench bench;
+    PutRun(0, count, 0, 1);
+    MeasureWave[0].FirstVisible = first;
+    EndMeasurement();
+    const FlatScrollBar &bar = *bench.Form().HScroll1;
+    QCOMPARE(bar.minimum(), 0);
+    QCOMPARE(bar.maximum(), maximum);
+    QCOMPARE(bar.singleStep(), 1);
+    QCOMPARE(bar.pageStep(), 10);
+    QCOMPARE(bar.value(), value);
+}
+
+void RunTest::endWithLinkDownRestoresNothing()
+{
+    RunBench bench;
+    StartMeasurement();
+    bench.Tick("1");
+    bench.Tick("2");
+    LinkUp = false;
+    OverloadAccepted = true;
+    const QStringList before = ControlStates(bench.Form());
+    bench.Form().EndLumoBtn->click();
+    QVERIFY(!Measuring);
+    QVERIFY(!OverloadAccepted);
+    QCOMPARE(ControlStates(bench.Form()), before);
+    QVERIFY(bench.Form().Timer1->isActive());
+    QVERIFY(!MainForm->CheckLinkTimer->isActive());
+}
+
+void RunTest::endWithoutCurveRestoresNothing()
+{
+    RunBench bench;
+    StartMeasurement();
+    bench.Tick("1");
+    bench.Tick("2");
+    ProjectSlots[0].CurveApplied = false;
+    OverloadAccepted = true;
+    const QStringList before = ControlStates(bench.Form());
+    bench.Form().EndLumoBtn->click();
+    QVERIFY(!Measuring);
+    QVERIFY(!OverloadAccepted);
+    QCOMPARE(ControlStates(bench.Form()), before);
+    QVERIFY(bench.Form().Timer1->isActive());
+    QVERIFY(MainForm->CheckLinkTimer->isActive());
+}
+
+void RunTest::endWorksOnTheActiveProject()
+{
+    RunBench bench;
+    StartMeasurement();
+    SensorProjFrm &second = bench.Add(1);
+    ProjectSlots[1].CurveApplied = true;
+    SetRunControls(second, false);
+    const QStringList first = ControlStates(bench.Form(0));
+    const QStringList expected = Changed(ControlStates(second), StoppedStates);
+    bench.Form(0).EndLumoBtn->click();
+    QVERIFY(!Measuring);
+    QCOMPARE(ControlStates(bench.Form(0)), first);
+    QVERIFY(bench.Form(0).Timer1->isActive());
+    QCOMPARE(ControlStates(second), expected);
+}
+
+void RunTest::endIsAskedForWhateverItsButtonsState()
+{
+    RunBench bench;
+    StartMeasurement();
+    bench.Form().EndLumoBtn->setEnabled(false);
+    bench.Form().EndLumoBtn->click();
+    QVERIFY(Measuring);
+    bench.Form().EndLumoBtn_MouseClick();
+    QVERIFY(!Measuring);
+}
+
+void RunTest::endSendsNothing()
+{
+    RunBench bench;
+    StartMeasurement();
+    bench.Tick("1");
+    FakeVisa::ClearRecords();
+    bench.Form().EndLumoBtn->click();
+    QCOMPARE(FakeVisa::WriteCount(), 0);
+    QCOMPARE(FakeVisa::ReadCount(), 0);
+    QCOMPARE(FakeVisa::State().Transfers.size(), 0);
+}
+
+QTEST_MAIN(RunTest)
+#include "tst_run.moc"
