@@ -1,0 +1,7 @@
+/// @file
+/// Connects a project window to the routines of all subsystems.
+#pragma once
+
+class SensorProjFrm;
+
+void ConnectProjectWindow(SensorProjFrm &form);
