@@ -3,6 +3,8 @@
 FlatScrollBar::FlatScrollBar(Qt::Orientation orientation, QWidget *parent) : QScrollBar(orientation, parent)
 {
     setTracking(true);
+    // A click takes the focus, so that a text box beside it is left, with all that this means.
+    setFocusPolicy(Qt::ClickFocus);
     connect(this, &QScrollBar::valueChanged, this, [this] {
         if (!m_silent)
             emit Moved();

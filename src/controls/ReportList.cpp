@@ -83,7 +83,10 @@ bool ReportList::LineSelected(int line) const
 
 void ReportList::SelectLine(int line, bool selected)
 {
-    CheckedLine(*this, line).setSelected(selected);
+    auto &item = CheckedLine(*this, line);
+    item.setSelected(selected);
+    if (selected)
+        setCurrentItem(&item, 0, QItemSelectionModel::NoUpdate);
 }
 
 int ReportList::CurrentLine() const

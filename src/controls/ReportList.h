@@ -26,6 +26,7 @@ public:
     QString LineText(int line, int column) const;
 
     bool LineSelected(int line) const;
+    /// A line that is selected also becomes the current one; the others keep their state.
     void SelectLine(int line, bool selected);
     /// The line with the focus, 0 for none.
     int CurrentLine() const;

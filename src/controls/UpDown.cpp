@@ -12,7 +12,8 @@ QToolButton *MakeButton(Qt::ArrowType arrow, const QString &name, QWidget *paren
     button->setObjectName(name);
     button->setArrowType(arrow);
     button->setAutoRepeat(true);
-    button->setFocusPolicy(Qt::NoFocus);
+    // A click takes the focus, so that a text box beside it is left, with all that this means.
+    button->setFocusPolicy(Qt::ClickFocus);
     button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     return button;
 }
