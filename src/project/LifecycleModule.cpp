@@ -21,6 +21,8 @@
 #include "shell/ProjectTreeModule.h"
 #include "shell/SystemStatus.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 
 namespace {
@@ -261,12 +263,11 @@ void CloseAllProjects()
                              QStringLiteral("当前操作会移除所有工程! ")),
                      WarningTitle))
         return;
-    ClosingAll = true;
+    const QScopedValueRollback<bool> closing(ClosingAll, true);
     for (int slot = 0; slot < SlotCount; ++slot) {
         if (ProjectOccupied[slot])
             FormOfSlot(slot).close();
     }
-    ClosingAll = false;
 }
 
 void ConnectLifecycle(SensorProjFrm &form)

@@ -60,6 +60,9 @@ void SensorPropertyFrm::MakeControls()
     Frame2 = Named<QFrame>("Frame2", this);
     OptYes = Named<QRadioButton>("OptYes", Frame2);
     OptNo = Named<QRadioButton>("OptNo", Frame2);
+    // Out of the mouse's reach and of the Tab key's.
+    OptYes->setFocusPolicy(Qt::NoFocus);
+    OptNo->setFocusPolicy(Qt::NoFocus);
     ComdEnter = Named<QPushButton>("ComdEnter", this);
     ComdEnter->setAutoDefault(false);
     ComdCancel = Named<QPushButton>("ComdCancel", this);
