@@ -14,6 +14,8 @@
 #include <QByteArray>
 
 #include <array>
+#include <cstdlib>
+#include <memory>
 
 const VisaTable *Visa = nullptr;
 
@@ -21,9 +23,23 @@ namespace {
 
 constexpr int FindBufferSize = 1024; // VISA asks for at least 256
 
-/// "%t" reads up to the end of the message, however long it is. The buffer takes far more than a reply may hold, so
-/// that one that is too long is found here and never written behind it.
-constexpr int ReadBufferSize = 65536;
+/// "%t" reads up to the end of the message and knows no width, so the library writes whatever the instrument sends. The
+/// buffer takes far more than any instrument can send within a time-out; pages that nothing is written to cost no
+/// memory.
+constexpr std::size_t ReadBufferSize = 64 * 1024 * 1024;
+
+struct FreeMemory {
+    void operator()(char *memory) const { std::free(memory); }
+};
+using ReadBuffer = std::unique_ptr<char, FreeMemory>;
+
+ReadBuffer NewReadBuffer()
+{
+    ReadBuffer buffer(static_cast<char *>(std::calloc(ReadBufferSize, 1)));
+    if (!buffer)
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    return buffer;
+}
 
 using FindBuffer = std::array<char, FindBufferSize>;
 
@@ -119,12 +135,12 @@ void UsbWrite(const QString &text)
 
 QString UsbRead()
 {
-    QByteArray buffer(ReadBufferSize, '\0');
-    VisaScanf(*Visa, VisaSession, "%t", buffer.data());
-    const auto length = static_cast<qsizetype>(qstrnlen(buffer.constData(), ReadBufferSize));
+    const ReadBuffer buffer = NewReadBuffer();
+    VisaScanf(*Visa, VisaSession, "%t", buffer.get());
+    const std::size_t length = qstrnlen(buffer.get(), ReplyLimit);
     if (length >= ReplyLimit)
         throw RuntimeError(ErrorNumber::InvalidCall);
-    return QString::fromLocal8Bit(buffer.constData(), length);
+    return QString::fromLocal8Bit(buffer.get(), static_cast<qsizetype>(length));
 }
 
 QString UsbQuery(const QString &text)
