@@ -13,6 +13,7 @@
 #include "link/LinkState.h"
 #include "measure/RunState.h"
 #include "platform/NumberText.h"
+#include "platform/RuntimeError.h"
 #include "platform/SettingsStore.h"
 #include "project/LifecycleModule.h"
 #include "project/ProjectCommandModule.h"
@@ -100,7 +101,7 @@ void FinishFirstLayout()
     MainForm->TimerInit->stop();
     if (ProjectPanelVisible)
         ShowProjectPanel();
-    PlaceLinkIndicators();
+    ErrorsSetAside().Run(PlaceLinkIndicators);
 }
 
 void ClearStatus()
@@ -271,7 +272,7 @@ void ConnectFrame()
     ConnectGuarded(&frame, &MainFrm::ToolBarButtonClick, &frame, [](const QString &key) { RunToolBarButton(key); });
     ConnectGuarded(&frame, &MainFrm::ProjectWindowMade, &frame,
                    [](SensorProjFrm *form) { ConnectProjectWindow(*form); });
-    ConnectGuarded(&frame, &MainFrm::Resized, &frame, [] { PlaceLinkIndicators(); });
+    ConnectGuarded(&frame, &MainFrm::Resized, &frame, [] { ErrorsSetAside().Run(PlaceLinkIndicators); });
     ConnectGuarded(&frame, &MainFrm::CloseAsked, &frame, [](bool &cancel) { LeaveProgram(cancel); });
     ConnectGuarded(&frame, &MainFrm::Unloaded, &frame, [] { FreeCurve(); });
     ConnectGuarded(frame.TabDock, &TabDock::PanelClosed, &frame, [] { UnloadProjectSheet(); });

@@ -61,6 +61,8 @@ public:
     QAction *ToolBarButton(const QString &key) const;
     /// Inner width of the whole frame in twips, the dock included.
     int InnerWidth() const;
+    /// None: the toolkit's own would hide toolbar and panel behind the back of their check marks.
+    QMenu *createPopupMenu() override { return nullptr; }
     /// Puts both link indicators at a left edge in twips of the frame, over the status bar.
     void PlaceIndicators(int left);
 
