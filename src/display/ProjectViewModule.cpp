@@ -86,14 +86,15 @@ void PlacePage(SensorProjFrm &form, QWidget &page)
     page.setGeometry(strip.x(), strip.y(), strip.width(), std::max(PixelsFromTwips(height), 0));
 }
 
-void ShowApplied(int slot)
+void ShowApplied(ErrorsSetAside &steps, int slot)
 {
-    if (ProjectSlots[CheckedSlot(slot)].CurveApplied) {
-        DrawReferenceCurve(slot, true);
-        ShowStatus(QStringLiteral("The data has been apllied"));
-    } else {
-        ShowStatus(QStringLiteral("The data has not been apllied"));
-    }
+    const bool applied = ProjectSlots[CheckedSlot(slot)].CurveApplied;
+    if (applied)
+        steps.Run([&] { DrawReferenceCurve(slot, true); });
+    steps.Run([&] {
+        ShowStatus(applied ? QStringLiteral("The data has been apllied")
+                           : QStringLiteral("The data has not been apllied"));
+    });
 }
 
 void LayOutReferencePage(ErrorsSetAside &steps, SensorProjFrm &form, int slot)
@@ -105,7 +106,7 @@ void LayOutReferencePage(ErrorsSetAside &steps, SensorProjFrm &form, int slot)
     steps.Run([&] { DrawReferenceAxisNumbers(slot); });
     steps.Run([&] { DrawReferencePlotGrid(slot); });
     steps.Run([&] { ProjectPointCount = LastUsedRow(slot); });
-    steps.Run([&] { ShowApplied(slot); });
+    ShowApplied(steps, slot);
 }
 
 void PlaceToolRow(SensorProjFrm &form)
