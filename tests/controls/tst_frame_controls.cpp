@@ -4,8 +4,8 @@
 #include "controls/SerialControl.h"
 #include "controls/StatusPanels.h"
 #include "controls/TabDock.h"
-#include "platform/RuntimeError.h"
 #include "support/BoxAnswer.h"
+#include "support/ErrorOf.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -46,17 +46,6 @@ struct Frame {
     TabDock Dock{&Window};
     QTreeWidget *Panel = new QTreeWidget(&Window);
 };
-
-template <typename Step>
-int ErrorOf(Step step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 void Touch(const QString &path)
 {

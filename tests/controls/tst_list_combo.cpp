@@ -1,15 +1,12 @@
 /// @file
 /// The drop-down list: silent while it is filled, loud whenever an entry is chosen.
+#include "controls/DefaultButtonDialogue.h"
 #include "controls/ListCombo.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <QAbstractItemView>
-#include <QDialog>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -21,12 +18,7 @@ void Fill(ListCombo &list)
 
 int ErrorOfIndex(ListCombo &list, int index)
 {
-    try {
-        list.SetListIndex(index);
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
+    return ErrorOf([&] { list.SetListIndex(index); });
 }
 
 void ClickEntry(ListCombo &list, int index)
@@ -167,31 +159,22 @@ void ListComboTest::an_arrow_key_runs_click_once()
 
 void ListComboTest::enter_is_reported_and_goes_no_further()
 {
-    QDialog dialog;
-    QVBoxLayout column(&dialog);
+    DefaultButtonDialogue dialogue;
     ListCombo list;
-    QPushButton button;
-    column.addWidget(&list);
-    column.addWidget(&button);
-    button.setDefault(true);
     Fill(list);
     list.SetListIndex(1);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QSignalSpy clicked(&button, &QPushButton::clicked);
+    QVERIFY(dialogue.Show(list));
     QSignalSpy click(&list, &ListCombo::Click);
     QList<int> keys;
     connect(&list, &ListCombo::KeyPress, &list, [&keys](int &key) { keys.append(key); });
     QTest::keyClick(&list, Qt::Key_Return);
     QTest::keyClick(&list, Qt::Key_Enter, Qt::KeypadModifier);
     QCOMPARE(keys, QList<int>({13, 13}));
-    QCOMPARE(clicked.count(), 0);
+    QCOMPARE(dialogue.Clicks.count(), 0);
     QCOMPARE(click.count(), 0);
-    QVERIFY(dialog.isVisible());
-    QLineEdit plain(&dialog);
-    plain.show();
-    QTest::keyClick(&plain, Qt::Key_Return);
-    QCOMPARE(clicked.count(), 1); // the dialogue does have a default button
+    QVERIFY(dialogue.Dialog.isVisible());
+    dialogue.PressReturnElsewhere();
+    QCOMPARE(dialogue.Clicks.count(), 1); // the dialogue does have a default button
 }
 
 void ListComboTest::other_keys_report_their_character_and_take_effect()

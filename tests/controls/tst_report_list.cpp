@@ -1,7 +1,7 @@
 /// @file
 /// The list in report mode: lines, selection, and where the mouse was.
 #include "controls/ReportList.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <QHeaderView>
 #include <QSignalSpy>
@@ -18,17 +18,6 @@ void Fill(ReportList &list, int lines)
     for (int line = 1; line <= lines; ++line)
         texts.push_back({QString::number(line), QString::number(line * 10), QString::number(line * 100)});
     list.AddLines(texts);
-}
-
-template <typename Step>
-int ErrorOf(Step step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 struct Press {

@@ -1,16 +1,15 @@
 /// @file
 /// The text box reports every way in which a user changes its text, before the text changes.
 #include "controls/Boxes.h"
+#include "controls/DefaultButtonDialogue.h"
 #include "controls/TextBox.h"
 #include "support/BoxAnswer.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QDialog>
 #include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QMimeData>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -171,24 +170,15 @@ void TextBoxTest::cut_undo_and_delete_work_as_ever()
 
 void TextBoxTest::enter_does_not_reach_the_default_button()
 {
-    QDialog dialog;
-    QVBoxLayout column(&dialog);
+    DefaultButtonDialogue dialogue;
     TextBox box;
-    QPushButton button;
-    column.addWidget(&box);
-    column.addWidget(&button);
-    button.setDefault(true);
-    QSignalSpy clicked(&button, &QPushButton::clicked);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QVERIFY(dialogue.Show(box));
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_Return);
     QTest::keyClick(&box, Qt::Key_Enter);
-    QCOMPARE(clicked.count(), 0);
-    QLineEdit plain(&dialog);
-    plain.show();
-    QTest::keyClick(&plain, Qt::Key_Return);
-    QCOMPARE(clicked.count(), 1); // the dialogue does have a default button
+    QCOMPARE(dialogue.Clicks.count(), 0);
+    dialogue.PressReturnElsewhere();
+    QCOMPARE(dialogue.Clicks.count(), 1); // the dialogue does have a default button
 }
 
 void TextBoxTest::paste_goes_key_by_key()

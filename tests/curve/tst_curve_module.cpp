@@ -4,81 +4,24 @@
 #include "curve/ReferenceEditModule.h"
 #include "display/ProjectViewModule.h"
 #include "display/ReferencePictureModule.h"
-#include "platform/RuntimeError.h"
+#include "support/Allocations.h"
 #include "support/BareFrame.h"
 #include "support/BoxAnswer.h"
+#include "support/ErrorOf.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
-#include <new>
 
 namespace {
 
-bool memoryIsShort = false; ///< no allocation of the curve library succeeds
-
-bool RefuseMemory(const void *caller)
+/// Makes all allocations of the curve library fail, and no others.
+bool IsOfCurveLibrary(const void *caller)
 {
     Dl_info library;
-    return memoryIsShort && dladdr(caller, &library) != 0 && std::strstr(library.dli_fname, "lintab") != nullptr &&
+    return dladdr(caller, &library) != 0 && std::strstr(library.dli_fname, "lintab") != nullptr &&
            std::strstr(library.dli_fname, ".so") != nullptr;
 }
-
-void *AllocateFor(const void *caller, std::size_t size)
-{
-    return RefuseMemory(caller) ? nullptr : std::malloc(size == 0 ? 1 : size);
-}
-
-} // namespace
-
-// The curve library's allocations come here too: a program's own operators stand before those of the standard library.
-void *operator new(std::size_t size)
-{
-    if (void *memory = AllocateFor(__builtin_return_address(0), size))
-        return memory;
-    throw std::bad_alloc();
-}
-void *operator new[](std::size_t size)
-{
-    if (void *memory = AllocateFor(__builtin_return_address(0), size))
-        return memory;
-    throw std::bad_alloc();
-}
-void *operator new(std::size_t size, const std::nothrow_t &) noexcept
-{
-    return AllocateFor(__builtin_return_address(0), size);
-}
-void *operator new[](std::size_t size, const std::nothrow_t &) noexcept
-{
-    return AllocateFor(__builtin_return_address(0), size);
-}
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void *memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void *memory, const std::nothrow_t &) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void *memory, const std::nothrow_t &) noexcept
-{
-    std::free(memory);
-}
-
-namespace {
 
 constexpr std::int16_t Line = 0;
 constexpr std::int16_t Least = 1;
@@ -99,7 +42,7 @@ public:
         for (const int slot : {0, 1})
             ReleaseReferenceBuffer(slot);
         SEN_Free();
-        memoryIsShort = false;
+        AllocationFails = nullptr;
     }
 
     void Activate(SensorProjFrm &form) { frame.Children->setActiveSubWindow(&form); }
@@ -242,7 +185,7 @@ void CurveModuleTest::refusals_are_told_in_both_languages()
     else if (condition == QLatin1StringView("one row"))
         ReferenceTable[0][2].Used = false;
     else if (condition == QLatin1StringView("no memory"))
-        memoryIsShort = true;
+        AllocationFails = IsOfCurveLibrary;
     else if (condition == QLatin1StringView("four least"))
         ReferenceTable[0][1].Arithmetic = Least;
     else
@@ -325,13 +268,7 @@ void CurveModuleTest::row_0_counts_among_the_used_rows()
 void CurveModuleTest::apply_without_a_project_has_no_object()
 {
     BareFrame bare;
-    int error = 0;
-    try {
-        mnuPopEditDataApply();
-    } catch (const RuntimeError &thrown) {
-        error = thrown.Number();
-    }
-    QCOMPARE(error, ErrorNumber::NoObject);
+    QCOMPARE(ErrorOf([] { mnuPopEditDataApply(); }), ErrorNumber::NoObject);
 }
 
 void CurveModuleTest::two_straight_rows_apply()
@@ -556,9 +493,9 @@ void CurveModuleTest::a_build_without_memory_takes_the_flag_off()
     mnuPopEditDataApply();
     ReferenceTable[0][2].Output = 80;
     BoxAnswers answers({QMessageBox::Ok});
-    memoryIsShort = true;
+    AllocationFails = IsOfCurveLibrary;
     mnuPopEditDataApply();
-    memoryIsShort = false;
+    AllocationFails = nullptr;
     QCOMPARE(answers.Texts(), QStringList{QStringLiteral("Out of memory! ")});
     QCOMPARE(AppliedSlots(), QList<int>());
     QCOMPARE(SEN_Meas_Z(4), 0.0);
@@ -661,13 +598,7 @@ void CurveModuleTest::the_placeholder_without_room_is_out_of_range()
     CurveFixture fixture;
     for (const std::size_t length : {std::size_t{0}, std::size_t{2}}) {
         ReferenceCurves[0].Points.resize(length);
-        int error = 0;
-        try {
-            ApplyPlaceholderCurve(0);
-        } catch (const RuntimeError &thrown) {
-            error = thrown.Number();
-        }
-        QCOMPARE(error, ErrorNumber::OutOfRange);
+        QCOMPARE(ErrorOf([] { ApplyPlaceholderCurve(0); }), ErrorNumber::OutOfRange);
     }
 }
 
@@ -699,13 +630,7 @@ void CurveModuleTest::a_single_point_is_not_applied()
 void CurveModuleTest::no_point_at_all_is_out_of_range()
 {
     CurveFixture fixture;
-    int error = 0;
-    try {
-        ApplyReferenceCurve(0);
-    } catch (const RuntimeError &thrown) {
-        error = thrown.Number();
-    }
-    QCOMPARE(error, ErrorNumber::OutOfRange);
+    QCOMPARE(ErrorOf([] { ApplyReferenceCurve(0); }), ErrorNumber::OutOfRange);
 }
 
 QTEST_MAIN(CurveModuleTest)

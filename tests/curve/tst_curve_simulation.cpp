@@ -1,9 +1,8 @@
 #include "curve/CurveSimulation.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <QTest>
 
-#include <functional>
 #include <limits>
 #include <utility>
 
@@ -43,16 +42,6 @@ private:
     std::vector<CurvePoint> m_points;
     std::vector<CurveFlag> m_flags;
 };
-
-int NumberOfError(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 /// Stretches as pairs of column and arithmetic.
 using Stretches = QList<std::pair<int, int>>;
@@ -131,7 +120,7 @@ void CurveSimulationTest::points_in_view()
     const Table table(rows);
     QTEST(AnyPointInView(table.View(xMin, xMax)), "any");
     if (first < 0) {
-        QCOMPARE(NumberOfError([&] { FindPointsInView(table.View(xMin, xMax)); }), 9);
+        QCOMPARE(ErrorOf([&] { FindPointsInView(table.View(xMin, xMax)); }), 9);
         return;
     }
     const PointsInView range = FindPointsInView(table.View(xMin, xMax));
@@ -145,9 +134,9 @@ void CurveSimulationTest::a_count_beyond_the_arrays_is_out_of_range()
     for (int count : {-1, 0, 3, std::numeric_limits<int>::max()}) {
         CurveView view = table.View(0, 10);
         view.Count = count;
-        QCOMPARE(NumberOfError([&] { AnyPointInView(view); }), 9);
-        QCOMPARE(NumberOfError([&] { FindPointsInView(view); }), 9);
-        QCOMPARE(NumberOfError([&] { SimulateCurve(view, Width); }), 9);
+        QCOMPARE(ErrorOf([&] { AnyPointInView(view); }), 9);
+        QCOMPARE(ErrorOf([&] { FindPointsInView(view); }), 9);
+        QCOMPARE(ErrorOf([&] { SimulateCurve(view, Width); }), 9);
     }
 }
 
@@ -255,7 +244,7 @@ void CurveSimulationTest::unusable_numbers_raise_errors()
     for (double input : inputs)
         rows.push_back({input, 0, 1});
     const Table table(rows);
-    QTEST(NumberOfError([&] { SimulateCurve(table.View(xMin, xMax), width); }), "error");
+    QTEST(ErrorOf([&] { SimulateCurve(table.View(xMin, xMax), width); }), "error");
 }
 
 void CurveSimulationTest::a_short_list_of_flags_is_out_of_range()
@@ -263,7 +252,7 @@ void CurveSimulationTest::a_short_list_of_flags_is_out_of_range()
     const Table table({{0, 0, 1}, {10, 10}});
     CurveView view = table.View(0, 10);
     view.Flags = view.Flags.first(1);
-    QCOMPARE(NumberOfError([&] { SimulateCurve(view, Width); }), 9);
+    QCOMPARE(ErrorOf([&] { SimulateCurve(view, Width); }), 9);
 }
 
 void CurveSimulationTest::stretches_begin_at_the_segment_columns_data()

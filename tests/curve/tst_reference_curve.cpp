@@ -1,40 +1,19 @@
 #include "curve/ReferenceCurve.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
+#include "support/PutRow.h"
 
 #include <QTest>
-
-#include <functional>
 
 namespace {
 
 constexpr int Line = 0;
 constexpr int Least = 1;
 
-void PutRow(int slot, int row, double input, double output, bool segment = false, std::int16_t arithmetic = Line)
-{
-    ReferencePoint &point = ReferenceTable[slot][row];
-    point.Used = true;
-    point.Input = input;
-    point.Output = output;
-    point.Segment = segment;
-    point.Arithmetic = arithmetic;
-}
-
 /// Rows 1 to count with inputs 1, 2, 3 ...; the first is a segment point.
 void PutRows(int slot, int count, std::int16_t arithmetic)
 {
     for (int row = 1; row <= count; ++row)
         PutRow(slot, row, row, 2.0 * row + 1, row == 1, arithmetic);
-}
-
-int NumberOfError(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 } // namespace
@@ -177,7 +156,7 @@ void ReferenceCurveTest::filling_checks_the_arrays()
     QFETCH(int, count);
     ReferenceCurves[0].Points.resize(points);
     ReferenceCurves[0].Flags.resize(flags);
-    QTEST(NumberOfError([count] { FillCurveArrays(0, count); }), "error");
+    QTEST(ErrorOf([count] { FillCurveArrays(0, count); }), "error");
 }
 
 void ReferenceCurveTest::a_build_passes_all_rows_up_to_the_highest_used()
@@ -305,17 +284,17 @@ void ReferenceCurveTest::extremes_need_at_least_one_point()
 {
     const std::vector<CurvePoint> points{{0, 1}, {0, 2}};
     for (int count : {0, -1, 3}) {
-        QCOMPARE(NumberOfError([&] { MaxCurveOutput(points, count); }), 9);
-        QCOMPARE(NumberOfError([&] { MinCurveOutput(points, count); }), 9);
+        QCOMPARE(ErrorOf([&] { MaxCurveOutput(points, count); }), 9);
+        QCOMPARE(ErrorOf([&] { MinCurveOutput(points, count); }), 9);
     }
 }
 
 void ReferenceCurveTest::a_slot_that_is_not_there_is_out_of_range()
 {
     for (int slot : {-1, 10}) {
-        QCOMPARE(NumberOfError([slot] { ResetReferenceCurve(slot, 0); }), 9);
-        QCOMPARE(NumberOfError([slot] { FillCurveArrays(slot, 0); }), 9);
-        QCOMPARE(NumberOfError([slot] { BuildReferenceCurve(slot); }), 9);
+        QCOMPARE(ErrorOf([slot] { ResetReferenceCurve(slot, 0); }), 9);
+        QCOMPARE(ErrorOf([slot] { FillCurveArrays(slot, 0); }), 9);
+        QCOMPARE(ErrorOf([slot] { BuildReferenceCurve(slot); }), 9);
     }
 }
 

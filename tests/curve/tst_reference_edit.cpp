@@ -1,11 +1,9 @@
 /// @file
 /// The commands of the reference list, reached as a user reaches them: pop-up menu, double click, undo and redo.
 #include "curve/EditDataFrm.h"
-#include "curve/ReferenceEditModule.h"
+#include "curve/ReferenceListBench.h"
 #include "curve/ReferenceListModule.h"
-#include "platform/RuntimeError.h"
-#include "support/BareFrame.h"
-#include "support/BoxAnswer.h"
+#include "support/ErrorOf.h"
 
 #include <QHeaderView>
 #include <QSignalSpy>
@@ -15,22 +13,17 @@ namespace {
 const QString NotNeeded = QStringLiteral("Temperature sensor task does not need a reference points!");
 
 /// A frame with its pop-up menu connected and one project in slot 0.
-class EditFixture : public BareFrame {
+class EditFixture : public ReferenceListBench {
 public:
-    EditFixture() : project(AddListProject(0)) { ConnectReferencePopup(); }
+    EditFixture() : project(AddPageProject(0)) { ConnectReferencePopup(); }
 
-    SensorProjFrm &AddListProject(int slot)
+    /// A project window with the page as it lies when it is chosen.
+    SensorProjFrm &AddPageProject(int slot)
     {
-        SensorProjFrm &form = AddProject(slot);
-        form.EditDataView->SetColumnTitles(
-            {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4"), QStringLiteral("5")});
-        form.UndoLumoBtn->setEnabled(false);
-        form.RedoLumoBtn->setEnabled(false);
-        // The page as it lies when it is chosen.
+        SensorProjFrm &form = AddListProject(slot);
         form.EditDataPic->setGeometry(0, 0, 900, 600);
         form.EditDataPic->raise();
         form.EditDataView->setGeometry(0, 26, 900, 500);
-        ConnectReferenceEdit(form);
         return form;
     }
 
@@ -62,16 +55,6 @@ public:
 
     SensorProjFrm &project;
 };
-
-QList<double> UsedInputs(const ReferenceRows &rows)
-{
-    QList<double> inputs;
-    for (const ReferencePoint &point : rows) {
-        if (point.Used)
-            inputs.append(point.Input);
-    }
-    return inputs;
-}
 
 QStringList Inputs(const ReportList &list)
 {
@@ -419,7 +402,7 @@ void ReferenceEditTest::undo_and_redo_exchange_the_table_with_its_backup()
     mnuPopEditDataDelete_Click();
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{2, 3}));
 
-    QTest::mouseClick(fixture.project.UndoLumoBtn, Qt::LeftButton);
+    Click(fixture.project.UndoLumoBtn);
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 2, 3}));
     QVERIFY(ReferenceTable[0][1].Segment);
     QCOMPARE(UsedInputs(ReferenceBackup[0]), (QList<double>{2, 3}));
@@ -427,7 +410,7 @@ void ReferenceEditTest::undo_and_redo_exchange_the_table_with_its_backup()
     QVERIFY(!fixture.project.UndoLumoBtn->isEnabled());
     QVERIFY(fixture.project.RedoLumoBtn->isEnabled());
 
-    QTest::mouseClick(fixture.project.RedoLumoBtn, Qt::LeftButton);
+    Click(fixture.project.RedoLumoBtn);
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{2, 3}));
     QCOMPARE(fixture.List().LineCount(), 2);
     QVERIFY(fixture.project.UndoLumoBtn->isEnabled());
@@ -444,9 +427,9 @@ void ReferenceEditTest::undo_is_one_level_deep()
         fixture.List().SelectLine(1, true);
         mnuPopEditDataDelete_Click();
     }
-    QTest::mouseClick(fixture.project.UndoLumoBtn, Qt::LeftButton);
+    Click(fixture.project.UndoLumoBtn);
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{2, 3}));
-    QTest::mouseClick(fixture.project.UndoLumoBtn, Qt::LeftButton); // disabled
+    Click(fixture.project.UndoLumoBtn); // disabled
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{2, 3}));
 }
 
@@ -472,7 +455,7 @@ void ReferenceEditTest::undo_after_delete_all_brings_all_rows_back_in_order()
     fixture.PutRows(500);
     BoxAnswers answers({QMessageBox::Ok});
     mnuPopEditDataDeleteAll_Click();
-    QTest::mouseClick(fixture.project.UndoLumoBtn, Qt::LeftButton);
+    Click(fixture.project.UndoLumoBtn);
     QCOMPARE(fixture.List().LineCount(), 500);
     for (int row = 1; row <= ReferenceRowLimit; ++row) {
         QVERIFY(ReferenceTable[0][row].Used);
@@ -484,7 +467,7 @@ void ReferenceEditTest::undo_works_on_the_active_project()
 {
     EditFixture fixture;
     fixture.PutRows(2);
-    const SensorProjFrm &second = fixture.AddListProject(1);
+    const SensorProjFrm &second = fixture.AddPageProject(1);
     PutRow(1, 1, 5, 5);
     PutRow(1, 2, 6, 6);
     RefreshReferenceLists();
@@ -494,7 +477,7 @@ void ReferenceEditTest::undo_works_on_the_active_project()
     QCOMPARE(LastUsedRow(1), 0);
     QVERIFY(second.UndoLumoBtn->isEnabled());
     QVERIFY(!fixture.project.UndoLumoBtn->isEnabled());
-    QTest::mouseClick(second.UndoLumoBtn, Qt::LeftButton);
+    Click(second.UndoLumoBtn);
     QCOMPARE(UsedInputs(ReferenceTable[1]), (QList<double>{5, 6}));
 }
 
@@ -502,7 +485,7 @@ void ReferenceEditTest::the_commands_work_on_the_active_project()
 {
     EditFixture fixture;
     fixture.PutRows(2);
-    const SensorProjFrm &second = fixture.AddListProject(1);
+    const SensorProjFrm &second = fixture.AddPageProject(1);
     PutRow(1, 1, 5, 5);
     PutRow(1, 2, 6, 6);
     RefreshReferenceLists();
@@ -537,15 +520,8 @@ void ReferenceEditTest::edits_keep_the_applied_curve()
 void ReferenceEditTest::undo_of_a_slot_that_is_none_is_out_of_range()
 {
     EditFixture fixture;
-    for (const int slot : {-1, 10}) {
-        int error = 0;
-        try {
-            UndoReferenceEdit(slot);
-        } catch (const RuntimeError &thrown) {
-            error = thrown.Number();
-        }
-        QCOMPARE(error, ErrorNumber::OutOfRange);
-    }
+    for (const int slot : {-1, 10})
+        QCOMPARE(ErrorOf([&] { UndoReferenceEdit(slot); }), ErrorNumber::OutOfRange);
 }
 
 QTEST_MAIN(ReferenceEditTest)

@@ -2,7 +2,7 @@
 /// Whole reference tables: copy, sort, marks, and the number format of their texts.
 #include "curve/ReferenceRows.h"
 #include "curve/StringFunction.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <QTest>
 
@@ -209,15 +209,8 @@ void ReferenceRowsTest::sorting_leaves_other_slots_alone()
 
 void ReferenceRowsTest::a_slot_that_is_none_is_out_of_range()
 {
-    for (const std::int16_t slot : {std::int16_t{-1}, std::int16_t{10}}) {
-        int error = 0;
-        try {
-            SortReferenceTable(slot);
-        } catch (const RuntimeError &thrown) {
-            error = thrown.Number();
-        }
-        QCOMPARE(error, ErrorNumber::OutOfRange);
-    }
+    for (const std::int16_t slot : {std::int16_t{-1}, std::int16_t{10}})
+        QCOMPARE(ErrorOf([&] { SortReferenceTable(slot); }), ErrorNumber::OutOfRange);
 }
 
 void ReferenceRowsTest::numbers_show_one_to_six_decimals_data()

@@ -5,11 +5,9 @@
 #include "PixelCanvas.h"
 #include "platform/MemorySurface.h"
 #include "platform/PixelDrawing.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <QTest>
-
-#include <functional>
 
 namespace {
 
@@ -67,16 +65,6 @@ WaveRecord PixelRecord(std::initializer_list<double> samples, std::int32_t lastV
     record.YMax = 0;
     record.YMin = -59.4; // 99 * 3 / 5
     return record;
-}
-
-int ErrorOf(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 } // namespace

@@ -2,30 +2,19 @@
 #include "display/ReferencePictureModule.h"
 #include "display/TimeCurveModule.h"
 #include "platform/MemorySurface.h"
-#include "platform/RuntimeError.h"
 #include "support/BareFrame.h"
 #include "support/BoxAnswer.h"
+#include "support/ErrorOf.h"
 
 #include <QStyleOption>
 
 #include <cmath>
-#include <functional>
 #include <memory>
 
 namespace {
 
 const QString NotApplied = QStringLiteral("The data has not been apllied");
 const QString Applied = QStringLiteral("The data has been apllied");
-
-int ErrorOf(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 /// Builds and publishes a project's curve, as Apply does.
 void ApplyRows(int slot, std::initializer_list<CurvePoint> points)

@@ -2,9 +2,9 @@
 /// Zoom and scroll: the ladder of spans, the zoom factors, and what each bar counts.
 #include "display/ZoomModule.h"
 
-#include "platform/RuntimeError.h"
 #include "support/BareFrame.h"
 #include "support/BoxAnswer.h"
+#include "support/ErrorOf.h"
 
 #include <QTest>
 
@@ -18,14 +18,9 @@ constexpr QPoint MarkAt(15, 13); ///< neither grid nor ticks come there
 constexpr int Step = 10;         ///< a bar's large change
 using Spans = std::vector<std::int32_t>;
 
-int ErrorOf(FlatScrollBar &bar, const WaveRecord &record, double rangeMin, double rangeMax)
+int ErrorOfBar(FlatScrollBar &bar, const WaveRecord &record, double rangeMin, double rangeMax)
 {
-    try {
-        SetUpVerticalBar(bar, record, rangeMin, rangeMax);
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
+    return ErrorOf([&] { SetUpVerticalBar(bar, record, rangeMin, rangeMax); });
 }
 
 } // namespace
@@ -322,18 +317,18 @@ private slots:
         FlatScrollBar bar(Qt::Vertical);
         WaveRecord record;
         record.ZoomFactor = 655;
-        QCOMPARE(ErrorOf(bar, record, 0, 1), 0);
+        QCOMPARE(ErrorOfBar(bar, record, 0, 1), 0);
         QCOMPARE(bar.maximum(), 32750);
         record.ZoomFactor = 656;
-        QCOMPARE(ErrorOf(bar, record, 0, 1), ErrorNumber::Overflow);
+        QCOMPARE(ErrorOfBar(bar, record, 0, 1), ErrorNumber::Overflow);
         QCOMPARE(bar.maximum(), 32750); // the range comes first
         record.ZoomFactor = 100000000;  // beyond 32 bits when multiplied
-        QCOMPARE(ErrorOf(bar, record, 0, 1), ErrorNumber::Overflow);
+        QCOMPARE(ErrorOfBar(bar, record, 0, 1), ErrorNumber::Overflow);
         record.ZoomFactor = 2;
         record.YMin = -1000; // 100100
-        QCOMPARE(ErrorOf(bar, record, 0, 1), ErrorNumber::Overflow);
+        QCOMPARE(ErrorOfBar(bar, record, 0, 1), ErrorNumber::Overflow);
         QCOMPARE(bar.maximum(), 100);
-        QCOMPARE(ErrorOf(bar, record, 3, 3), ErrorNumber::DivisionByZero);
+        QCOMPARE(ErrorOfBar(bar, record, 3, 3), ErrorNumber::DivisionByZero);
     }
 
     void AMovedVerticalBarSetsTheView_data()

@@ -3,11 +3,11 @@
 
 #include "link/CommunicateFunBox.h"
 #include "link/USB_FuncBox.h"
-#include "platform/RuntimeError.h"
 #include "platform/SettingsStore.h"
 #include "support/BareFrame.h"
 #include "support/BoxAnswer.h"
 #include "support/CommaLocale.h"
+#include "support/ErrorOf.h"
 #include "support/FakeVisa.h"
 
 #include <QDirIterator>
@@ -16,7 +16,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <functional>
 #include <limits>
 #include <memory>
 
@@ -30,16 +29,6 @@ void Store(const QString &section, const QString &key, const QString &value)
 void StoreIOType(const QString &value)
 {
     Store(QStringLiteral("IOSetting"), QStringLiteral("IOType"), value);
-}
-
-int ErrorOf(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 /// A session that is open, and a link that stands.

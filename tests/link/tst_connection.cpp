@@ -5,15 +5,14 @@
 #include "link/ConnectionModule.h"
 #include "link/LinkIndicator.h"
 #include "link/USB_FuncBox.h"
-#include "platform/RuntimeError.h"
 #include "support/BareFrame.h"
 #include "support/BoxAnswer.h"
 #include "support/CommaLocale.h"
+#include "support/ErrorOf.h"
 #include "support/FakeVisa.h"
 
 #include <QtTest>
 
-#include <functional>
 #include <memory>
 
 namespace {
@@ -24,16 +23,6 @@ const QByteArrayList HandshakeAndOneTry{"IDNSET ZEMRA", "CMDSET ZEMRA", "*IDN?"}
 const QByteArrayList HandshakeAndThreeTries{"IDNSET ZEMRA", "CMDSET ZEMRA", "*IDN?", "*IDN?", "*IDN?"};
 
 constexpr std::int16_t KindBefore = 9; // no kind: shows that it was not touched
-
-int ErrorOf(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 /// One row of the table of link states, as the frame shows it.
 struct LinkView {

@@ -5,14 +5,13 @@
 #include "link/DeviceChoiceFrm.h"
 #include "link/LinkIndicator.h"
 #include "link/USB_FuncBox.h"
-#include "platform/RuntimeError.h"
 #include "support/BareFrame.h"
 #include "support/BoxAnswer.h"
+#include "support/ErrorOf.h"
 #include "support/FakeVisa.h"
 
 #include <QtTest>
 
-#include <functional>
 #include <memory>
 
 namespace {
@@ -22,16 +21,6 @@ const QByteArray Second = "USB0::0xFFFE::0x7050::KV70500002::INSTR";
 const QByteArray Foreign = "USB0::0xFFFE::0x0001::SN00000001::INSTR";
 
 const std::int32_t LanguageOther = 7; // neither of the two, as a store edited by hand can have it
-
-int ErrorOf(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 QString Text(const QByteArray &name)
 {

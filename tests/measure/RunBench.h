@@ -111,6 +111,13 @@ inline QStringList Changed(QStringList states, const QStringList &changes)
     return states;
 }
 
+/// How the controls stand when a run has ended; those that depend on its data are not among them.
+inline const QStringList StoppedStates{
+    QStringLiteral("TxtSample on"),     QStringLiteral("exportCom on"),    QStringLiteral("RecordLumoBtn on"),
+    QStringLiteral("ReplayLumoBtn on"), QStringLiteral("EndLumoBtn off"),  QStringLiteral("PauseLumoBtn off"),
+    QStringLiteral("StopLumoBtn off"),  QStringLiteral("FastLumoBtn off"), QStringLiteral("LowLumoBtn off"),
+};
+
 /// Enables and shows all controls that a run touches, or disables and hides them.
 inline void SetRunControls(const SensorProjFrm &form, bool on)
 {
@@ -123,6 +130,27 @@ inline void SetRunControls(const SensorProjFrm &form, bool on)
     form.FlatScrollBar1->setVisible(on);
     form.FlatScrollBar2->setVisible(on);
     form.Recordpic->setVisible(on);
+}
+
+/// A run's data by hand: range, extremes and number of samples of both curves.
+inline void PutRun(int slot, std::int32_t count, double low, double high)
+{
+    for (WaveRecord *record : {&MeasureWave[slot], &ValueWave[slot]}) {
+        record->Points.resize(static_cast<std::size_t>(count));
+        record->Count = count;
+        record->LastIndex = count - 1;
+        record->YMin = low;
+        record->YMax = high;
+    }
+    MeasureMin[slot] = ValueMin[slot] = low;
+    MeasureMax[slot] = ValueMax[slot] = high;
+}
+
+/// What the status bar says about the link.
+inline QString LinkPanel()
+{
+    const StatusPanels &panels = *MainForm->sbrStatus;
+    return panels.PanelText(panels.PanelOfKey(QStringLiteral("ConnectStatus")));
 }
 
 /// A spot of a picture that a redraw wipes out: between the grid's dots and far from frame, ticks and curve.

@@ -75,12 +75,6 @@ double LastValue(int slot = 0)
     return ValueWave[slot].Points.back().Y;
 }
 
-QString LinkPanel()
-{
-    const StatusPanels &panels = *MainForm->sbrStatus;
-    return panels.PanelText(panels.PanelOfKey(QStringLiteral("ConnectStatus")));
-}
-
 void AddMarks()
 {
     QTest::addColumn<QByteArray>("reply");

@@ -2,7 +2,7 @@
 /// Numbers as text and back. Everything runs under a German locale, where the decimal point is a comma.
 
 #include "platform/NumberText.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <QLocale>
 #include <QProcess>
@@ -11,24 +11,12 @@
 
 #include <clocale>
 #include <cmath>
-#include <functional>
 #include <limits>
 
 namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
-
-/// The number of the error that a step throws, 0 when it throws none.
-int ErrorOf(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 } // namespace
 

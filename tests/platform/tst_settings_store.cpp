@@ -1,8 +1,8 @@
 /// @file
 /// The settings store, in a folder of the test's own.
 
-#include "platform/RuntimeError.h"
 #include "platform/SettingsStore.h"
+#include "support/ErrorOf.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,7 +10,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <functional>
 #include <memory>
 
 #include <unistd.h>
@@ -20,16 +19,6 @@ namespace {
 const QString Application = QStringLiteral("Ostrakon");
 const QString Section = QStringLiteral("IOSetting");
 const QString Key = QStringLiteral("IOType");
-
-int ErrorOf(const std::function<void()> &step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 /// File modes bind no superuser. As long as this lives, the process acts as a user without rights.
 class UserWithoutRights {

@@ -1,27 +1,11 @@
 /// @file
 /// The project table: free slots, point counts, unit scales and their limits.
-#include "platform/RuntimeError.h"
 #include "project/ProjectTable.h"
+#include "support/ErrorOf.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-
-namespace {
-
-/// The number of the run-time error that a step ends with, 0 for none.
-template <typename Step>
-int ErrorOf(Step step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
-
-} // namespace
 
 class TestProjectTable : public QObject {
     Q_OBJECT

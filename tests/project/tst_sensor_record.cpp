@@ -1,8 +1,8 @@
 /// @file
 /// From the controls of the sensor dialogue to the sensor definition.
-#include "platform/RuntimeError.h"
 #include "project/SensorPropertyFrm.h"
 #include "project/SensorRecordModule.h"
+#include "support/ErrorOf.h"
 
 #include <QTest>
 
@@ -226,13 +226,7 @@ void TestSensorRecord::resistanceBeyondSingleOverflows()
     FillControls(form, QStringLiteral("RTD"), QStringLiteral("RTD-2WR"), QStringLiteral("C"));
     form.TextR0->setText(QStringLiteral("1e300"));
     SensorProject project = OldRecord();
-    int number = 0;
-    try {
-        FillSensorProject(form, project, 2);
-    } catch (const RuntimeError &error) {
-        number = error.Number();
-    }
-    QCOMPARE(number, 6);
+    QCOMPARE(ErrorOf([&] { FillSensorProject(form, project, 2); }), 6);
     QCOMPARE(project.RtdR0, 77.0F);
 }
 

@@ -1,10 +1,10 @@
 /// @file
 /// The tree of open projects: positions of its nodes, adding, removing, and the rebuild when the panel is shown again.
-#include "platform/RuntimeError.h"
 #include "shell/ActiveProject.h"
 #include "shell/ProjectSheetFrm.h"
 #include "shell/ProjectTreeModule.h"
 #include "support/BareFrame.h"
+#include "support/ErrorOf.h"
 
 #include <QTest>
 
@@ -74,16 +74,6 @@ QList<int> NodeIndices(const QList<int> &slotNumbers)
     for (const int slot : slotNumbers)
         indices.append(ProjectSlots[slot].NodeIndex);
     return indices;
-}
-
-int ErrorOf(const std::function<void()> &routine)
-{
-    try {
-        routine();
-    } catch (const RuntimeError &error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 const QString Group = QStringLiteral("Project Group/");

@@ -11,6 +11,7 @@
 #include "project/ProjectTable.h"
 #include "shell/MainFrm.h"
 #include "shell/MainModule.h"
+#include "support/PutRow.h"
 
 #include <QTest>
 
@@ -70,14 +71,3 @@ public:
 
     MainFrm frame;
 };
-
-/// Puts one used row into a slot's reference table.
-inline void PutRow(int slot, int row, double input, double output, bool segment = false, std::int16_t arithmetic = 0)
-{
-    ReferencePoint &point = ReferenceTable[slot][row];
-    point.Used = true;
-    point.Input = input;
-    point.Output = output;
-    point.Segment = segment;
-    point.Arithmetic = arithmetic;
-}

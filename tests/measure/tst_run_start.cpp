@@ -1,10 +1,10 @@
+/// @file
+/// The start of a run: what refuses it, what it asks, sets and sends, and what a failure on the way leaves.
 #include "measure/RunBench.h"
 
 #include "curve/ReferenceCurve.h"
-#include "shell/MainFrm.h"
 
 #include <QElapsedTimer>
-#include <QTest>
 
 #include <functional>
 
@@ -19,38 +19,9 @@ void AddWordings(const char *row, const QString &english, const QString &chinese
     QTest::addRow("%s, Chinese", row) << LanguageChinese << chinese;
 }
 
-QString LinkPanel()
-{
-    const StatusPanels &panels = *MainForm->sbrStatus;
-    return panels.PanelText(panels.PanelOfKey(QStringLiteral("ConnectStatus")));
-}
-
-/// A run's data by hand: range, extremes and number of samples of both curves.
-void PutRun(int slot, std::int32_t count, double low, double high)
-{
-    for (WaveRecord *record : {&MeasureWave[slot], &ValueWave[slot]}) {
-        record->Points.resize(static_cast<std::size_t>(count));
-        record->Count = count;
-        record->LastIndex = count - 1;
-        record->YMin = low;
-        record->YMax = high;
-    }
-    MeasureMin[slot] = ValueMin[slot] = low;
-    MeasureMax[slot] = ValueMax[slot] = high;
-}
-
-const QStringList StoppedStates{
-    QStringLiteral("TxtSample on"),     QStringLiteral("exportCom on"),    QStringLiteral("RecordLumoBtn on"),
-    QStringLiteral("ReplayLumoBtn on"), QStringLiteral("EndLumoBtn off"),  QStringLiteral("PauseLumoBtn off"),
-    QStringLiteral("StopLumoBtn off"),  QStringLiteral("FastLumoBtn off"), QStringLiteral("LowLumoBtn off"),
-};
-const QStringList VerticalZoomStates{QStringLiteral("ZoomInVLumoBtn on"), QStringLiteral("ZoomOutVLumoBtn on"),
-                                     QStringLiteral("FlatScrollBar1 shown"), QStringLiteral("FlatScrollBar2 shown")};
-const QStringList ScrollStates{QStringLiteral("Recordpic shown"), QStringLiteral("HScroll1 on")};
-
 } // namespace
 
-class RunTest : public QObject {
+class RunStartTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -79,23 +50,9 @@ private slots:
     void instrumentSensorIsStopped();
     void failedStopLeavesTheRunMarked();
     void failedSendStillStopsTheInstrumentSensor();
-
-    void endWithoutSamplesRestoresTheButtonsOnly_data();
-    void endWithoutSamplesRestoresTheButtonsOnly();
-    void endOffersZoomAndScroll();
-    void endShowsTheWholeRange();
-    void endOffersOnlyWhatTheRangesAllow_data();
-    void endOffersOnlyWhatTheRangesAllow();
-    void horizontalBarFollowsTheCount_data();
-    void horizontalBarFollowsTheCount();
-    void endWithLinkDownRestoresNothing();
-    void endWithoutCurveRestoresNothing();
-    void endWorksOnTheActiveProject();
-    void endIsAskedForWhateverItsButtonsState();
-    void endSendsNothing();
 };
 
-void RunTest::startIsRefused_data()
+void RunStartTest::startIsRefused_data()
 {
     QTest::addColumn<std::int32_t>("language");
     QTest::addColumn<QString>("text");
@@ -127,7 +84,7 @@ void RunTest::startIsRefused_data()
         [] { ProjectSlots[0].CurveApplied = false; });
 }
 
-void RunTest::startIsRefused()
+void RunStartTest::startIsRefused()
 {
     QFETCH(std::int32_t, language);
     QFETCH(QString, text);
@@ -159,7 +116,7 @@ void RunTest::startIsRefused()
     QCOMPARE(FakeVisa::WriteCount(), 0);
 }
 
-void RunTest::checksComeInTheirOrder()
+void RunStartTest::checksComeInTheirOrder()
 {
     RunBench bench;
     PutRun(0, 5, -1, 1);
@@ -185,7 +142,7 @@ void RunTest::checksComeInTheirOrder()
     QVERIFY(Measuring);
 }
 
-void RunTest::linkIsAskedForAheadOfBuiltInSensor()
+void RunStartTest::linkIsAskedForAheadOfBuiltInSensor()
 {
     RunBench bench;
     LinkUp = false;
@@ -201,7 +158,7 @@ void RunTest::linkIsAskedForAheadOfBuiltInSensor()
     QCOMPARE(bench.boxes.Shown().last().Text, QStringLiteral("You must send the task to KV7060! "));
 }
 
-void RunTest::kv7060PassesBuiltInSensorToTheNextCheck()
+void RunStartTest::kv7060PassesBuiltInSensorToTheNextCheck()
 {
     RunBench bench;
     SensorProjects[0].IsBuiltInSensor = true;
@@ -215,7 +172,7 @@ void RunTest::kv7060PassesBuiltInSensorToTheNextCheck()
     QCOMPARE(ReferenceCurves[0].Count, 2);
 }
 
-void RunTest::diodeRunsOnKV7050()
+void RunStartTest::diodeRunsOnKV7050()
 {
     RunBench bench;
     SensorProjects[0].MeasFunction = 7;
@@ -224,7 +181,7 @@ void RunTest::diodeRunsOnKV7050()
     QCOMPARE(FakeVisa::Lines(), QByteArrayList{":FUNCtion:DIODe"});
 }
 
-void RunTest::builtInSensorOnKV7060GetsAPlaceholderCurve()
+void RunStartTest::builtInSensorOnKV7060GetsAPlaceholderCurve()
 {
     RunBench bench;
     SensorProjects[0].IsBuiltInSensor = true;
@@ -257,7 +214,7 @@ void RunTest::builtInSensorOnKV7060GetsAPlaceholderCurve()
     QCOMPARE(SEN_Meas_Z(3), 6.0);
 }
 
-void RunTest::placeholderWithoutMeaningIsRefused()
+void RunStartTest::placeholderWithoutMeaningIsRefused()
 {
     RunBench bench;
     SensorProjects[0].IsBuiltInSensor = true;
@@ -273,14 +230,14 @@ void RunTest::placeholderWithoutMeaningIsRefused()
     QVERIFY(!Measuring);
 }
 
-void RunTest::replacingDataIsAsked_data()
+void RunStartTest::replacingDataIsAsked_data()
 {
     QTest::addColumn<std::int32_t>("language");
     QTest::addColumn<QString>("text");
     AddWordings("question", QStringLiteral("Data exists, whether coverage? "), QStringLiteral("存在数据，是否覆盖? "));
 }
 
-void RunTest::replacingDataIsAsked()
+void RunStartTest::replacingDataIsAsked()
 {
     QFETCH(std::int32_t, language);
     QFETCH(QString, text);
@@ -295,7 +252,7 @@ void RunTest::replacingDataIsAsked()
     QCOMPARE(MeasureWave[0].Count, 0);
 }
 
-void RunTest::noKeepsTheData()
+void RunStartTest::noKeepsTheData()
 {
     RunBench bench;
     PutRun(0, 3, -1, 1);
@@ -314,14 +271,14 @@ void RunTest::noKeepsTheData()
     QVERIFY(Measuring);
 }
 
-void RunTest::startSetsEveryControl_data()
+void RunStartTest::startSetsEveryControl_data()
 {
     QTest::addColumn<bool>("on");
     QTest::newRow("all enabled and shown before") << true;
     QTest::newRow("all disabled and hidden before") << false;
 }
 
-void RunTest::startSetsEveryControl()
+void RunStartTest::startSetsEveryControl()
 {
     QFETCH(bool, on);
     RunBench bench;
@@ -337,7 +294,7 @@ void RunTest::startSetsEveryControl()
     QCOMPARE(ControlStates(bench.Form()), expected);
 }
 
-void RunTest::startEmptiesTheRecordsButKeepsPointsAndRange()
+void RunStartTest::startEmptiesTheRecordsButKeepsPointsAndRange()
 {
     RunBench bench;
     PutRun(0, 4, -3, 5);
@@ -375,7 +332,7 @@ void RunTest::startEmptiesTheRecordsButKeepsPointsAndRange()
     QCOMPARE(ValueWave[0].Points.size(), std::size_t{1});
 }
 
-void RunTest::startSendsTheFunction_data()
+void RunStartTest::startSendsTheFunction_data()
 {
     QTest::addColumn<std::int32_t>("measFunction");
     QTest::addColumn<QByteArray>("function");
@@ -386,7 +343,7 @@ void RunTest::startSendsTheFunction_data()
     QTest::newRow("thermocouple") << 10 << QByteArray(":FUNCtion:VOLTage:DC") << QByteArray(":MEASure:VOLTage:DC?");
 }
 
-void RunTest::startSendsTheFunction()
+void RunStartTest::startSendsTheFunction()
 {
     QFETCH(std::int32_t, measFunction);
     QFETCH(QByteArray, function);
@@ -402,7 +359,7 @@ void RunTest::startSendsTheFunction()
     QCOMPARE(FakeVisa::ReadCount(), 1);
 }
 
-void RunTest::eachRunComposesItsCommandsAnew()
+void RunStartTest::eachRunComposesItsCommandsAnew()
 {
     RunBench bench;
     bench.Form().RecordLumoBtn->click();
@@ -414,7 +371,7 @@ void RunTest::eachRunComposesItsCommandsAnew()
     QCOMPARE(FakeVisa::Lines(), (QByteArrayList{":FUNCtion:VOLTage:DC", ":FUNCtion:FREQuency"}));
 }
 
-void RunTest::functionIsSentWithTheRunMarkedAndTimerOff()
+void RunStartTest::functionIsSentWithTheRunMarkedAndTimerOff()
 {
     RunBench bench;
     bool marked = false;
@@ -429,7 +386,7 @@ void RunTest::functionIsSentWithTheRunMarkedAndTimerOff()
     QVERIFY(bench.Form().Timer1->isActive());
 }
 
-void RunTest::startForgetsAnAcceptedOverload()
+void RunStartTest::startForgetsAnAcceptedOverload()
 {
     RunBench bench;
     OverloadAccepted = true;
@@ -437,7 +394,7 @@ void RunTest::startForgetsAnAcceptedOverload()
     QVERIFY(!OverloadAccepted);
 }
 
-void RunTest::failedSendEndsTheRun_data()
+void RunStartTest::failedSendEndsTheRun_data()
 {
     QTest::addColumn<std::int32_t>("language");
     QTest::addColumn<QString>("text");
@@ -445,7 +402,7 @@ void RunTest::failedSendEndsTheRun_data()
                 QStringLiteral("通信中断，测量已经结束! "));
 }
 
-void RunTest::failedSendEndsTheRun()
+void RunStartTest::failedSendEndsTheRun()
 {
     QFETCH(std::int32_t, language);
     QFETCH(QString, text);
@@ -472,7 +429,7 @@ void RunTest::failedSendEndsTheRun()
     QCOMPARE(FakeVisa::Lines(), QByteArrayList());
 }
 
-void RunTest::startTakesNoSampleAndSwitchesTheTimerOfItsWindowOn()
+void RunStartTest::startTakesNoSampleAndSwitchesTheTimerOfItsWindowOn()
 {
     RunBench bench;
     SensorProjFrm &second = bench.Add(1);
@@ -487,7 +444,7 @@ void RunTest::startTakesNoSampleAndSwitchesTheTimerOfItsWindowOn()
     QCOMPARE(FakeVisa::ReadCount(), 0);
 }
 
-void RunTest::instrumentSensorIsStopped()
+void RunStartTest::instrumentSensorIsStopped()
 {
     RunBench bench;
     InstrumentSensorOn = true;
@@ -523,7 +480,7 @@ void RunTest::instrumentSensorIsStopped()
     QCOMPARE(FakeVisa::State().Transfers.size(), 1);
 }
 
-void RunTest::failedStopLeavesTheRunMarked()
+void RunStartTest::failedStopLeavesTheRunMarked()
 {
     RunBench bench;
     CurrentLanguage = LanguageChinese;
@@ -556,7 +513,7 @@ void RunTest::failedStopLeavesTheRunMarked()
     QVERIFY(!MainForm->CheckLinkTimer->isActive());
 }
 
-void RunTest::failedSendStillStopsTheInstrumentSensor()
+void RunStartTest::failedSendStillStopsTheInstrumentSensor()
 {
     RunBench bench;
     InstrumentSensorOn = true;
@@ -573,230 +530,5 @@ void RunTest::failedSendStillStopsTheInstrumentSensor()
     QVERIFY(!bench.Form().Timer1->isActive());
 }
 
-void RunTest::endWithoutSamplesRestoresTheButtonsOnly_data()
-{
-    QTest::addColumn<bool>("on");
-    QTest::newRow("all enabled and shown before") << true;
-    QTest::newRow("all disabled and hidden before") << false;
-}
-
-void RunTest::endWithoutSamplesRestoresTheButtonsOnly()
-{
-    QFETCH(bool, on);
-    RunBench bench;
-    StartMeasurement();
-    SetRunControls(bench.Form(), on);
-    OverloadAccepted = true;
-    const QStringList expected = Changed(ControlStates(bench.Form()), StoppedStates);
-    EndMeasurement();
-    QVERIFY(!Measuring);
-    QVERIFY(!bench.Form().Timer1->isActive());
-    QCOMPARE(ControlStates(bench.Form()), expected);
-    QVERIFY(MainForm->CheckLinkTimer->isActive());
-    QVERIFY(OverloadAccepted);
-}
-
-void RunTest::endOffersZoomAndScroll()
-{
-    RunBench bench;
-    StartMeasurement();
-    for (const char *reply : {"1", "-4", "6"})
-        bench.Tick(reply);
-    OverloadAccepted = true;
-    const QStringList expected =
-        Changed(ControlStates(bench.Form()), StoppedStates + VerticalZoomStates + ScrollStates);
-    bench.Form().EndLumoBtn->click();
-    QVERIFY(!Measuring);
-    QVERIFY(!bench.Form().Timer1->isActive());
-    QCOMPARE(ControlStates(bench.Form()), expected);
-    QVERIFY(MainForm->CheckLinkTimer->isActive());
-    QVERIFY(!OverloadAccepted);
-    for (const FlatScrollBar *bar : {bench.Form().FlatScrollBar1, bench.Form().FlatScrollBar2}) {
-        QCOMPARE(bar->minimum(), 0);
-        QCOMPARE(bar->maximum(), 50);
-        QCOMPARE(bar->singleStep(), 1);
-        QCOMPARE(bar->pageStep(), 10);
-        QCOMPARE(bar->value(), 50);
-    }
-    QCOMPARE(MeasureWave[0].YMin, -4.0);
-    QCOMPARE(MeasureWave[0].YMax, 6.0);
-    QCOMPARE(ValueWave[0].YMin, -8.0);
-    QCOMPARE(ValueWave[0].YMax, 12.0);
-    // The data stay.
-    QCOMPARE(MeasureWave[0].Count, 3);
-    QCOMPARE(ValueWave[0].Points[2].Y, 12.0);
-}
-
-void RunTest::endShowsTheWholeRange()
-{
-    RunBench bench;
-    PutRun(0, 20, 0, 10);
-    // The value curve stands elsewhere than the reading curve, and both are zoomed.
-    ValueMin[0] = 100;
-    ValueMax[0] = 300;
-    ValueWave[0].YMin = 175;
-    ValueWave[0].YMax = 200;
-    ValueWave[0].ZoomFactor = 8;
-    MeasureWave[0].YMin = 2.5;
-    MeasureWave[0].YMax = 5;
-    MeasureWave[0].ZoomFactor = 4;
-    EndMeasurement();
-    QCOMPARE(ValueWave[0].ZoomFactor, 1);
-    QCOMPARE(ValueWave[0].YMin, 175.0);
-    QCOMPARE(ValueWave[0].YMax, 375.0);
-    QCOMPARE(bench.Form().FlatScrollBar1->maximum(), 50);
-    QCOMPARE(bench.Form().FlatScrollBar1->value(), 31); // (1 - 75 / 200) * 50 = 31.25
-    QCOMPARE(MeasureWave[0].ZoomFactor, 1);
-    QCOMPARE(MeasureWave[0].YMin, 2.5);
-    QCOMPARE(MeasureWave[0].YMax, 12.5);
-    QCOMPARE(bench.Form().FlatScrollBar2->maximum(), 50);
-    QCOMPARE(bench.Form().FlatScrollBar2->value(), 38); // (1 - 2.5 / 10) * 50 = 37.5, a tie
-}
-
-void RunTest::endOffersOnlyWhatTheRangesAllow_data()
-{
-    QTest::addColumn<std::int32_t>("count");
-    QTest::addColumn<double>("measureHigh"); // the low ends are 0
-    QTest::addColumn<double>("valueHigh");
-    QTest::addColumn<bool>("vertical");
-    QTest::addColumn<bool>("horizontal");
-    QTest::newRow("both curves have a range") << 5 << 1.0 << 1.0 << true << true;
-    QTest::newRow("constant curves") << 5 << 0.0 << 0.0 << false << false;
-    QTest::newRow("constant readings") << 5 << 0.0 << 1.0 << false << false;
-    QTest::newRow("constant values") << 5 << 1.0 << 0.0 << false << true;
-    QTest::newRow("readings upside down") << 5 << -1.0 << 0.0 << false << false;
-    QTest::newRow("ranges of an earlier run, no samples") << 0 << 1.0 << 1.0 << true << false;
-    QTest::newRow("one sample") << 1 << 1.0 << 1.0 << true << true;
-}
-
-void RunTest::endOffersOnlyWhatTheRangesAllow()
-{
-    QFETCH(std::int32_t, count);
-    QFETCH(double, measureHigh);
-    QFETCH(double, valueHigh);
-    QFETCH(bool, vertical);
-    QFETCH(bool, horizontal);
-    RunBench bench;
-    PutRun(0, count, 0, 1);
-    MeasureWave[0].YMax = MeasureMax[0] = measureHigh;
-    ValueWave[0].YMax = ValueMax[0] = valueHigh;
-    SetRunControls(bench.Form(), false);
-    OverloadAccepted = true;
-    const QStringList expected =
-        Changed(ControlStates(bench.Form()), StoppedStates + (vertical ? VerticalZoomStates : QStringList()) +
-                                                 (horizontal ? ScrollStates : QStringList()));
-    EndMeasurement();
-    QCOMPARE(ControlStates(bench.Form()), expected);
-    QVERIFY(MainForm->CheckLinkTimer->isActive());
-    QCOMPARE(OverloadAccepted, !horizontal);
-}
-
-void RunTest::horizontalBarFollowsTheCount_data()
-{
-    QTest::addColumn<std::int32_t>("count");
-    QTest::addColumn<std::int32_t>("first");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<int>("value");
-    QTest::newRow("1") << 1 << 0 << 0 << 0;
-    QTest::newRow("62") << 62 << 1 << 61 << 1;
-    QTest::newRow("32768") << 32768 << 32707 << 32767 << 32707;
-    QTest::newRow("32769, by two") << 32769 << 32708 << 16384 << 16354;
-    QTest::newRow("32770, cut") << 32770 << 32709 << 16384 << 16354;
-    QTest::newRow("65535, by two") << 65535 << 65474 << 32767 << 32737;
-    QTest::newRow("65536, by three") << 65536 << 65475 << 21845 << 21825;
-    QTest::newRow("524288, by seventeen") << 524288 << 524227 << 30840 << 30836;
-}
-
-void RunTest::horizontalBarFollowsTheCount()
-{
-    QFETCH(std::int32_t, count);
-    QFETCH(std::int32_t, first);
-    QFETCH(int, maximum);
-    QFETCH(int, value);
-    RunBench bench;
-    PutRun(0, count, 0, 1);
-    MeasureWave[0].FirstVisible = first;
-    EndMeasurement();
-    const FlatScrollBar &bar = *bench.Form().HScroll1;
-    QCOMPARE(bar.minimum(), 0);
-    QCOMPARE(bar.maximum(), maximum);
-    QCOMPARE(bar.singleStep(), 1);
-    QCOMPARE(bar.pageStep(), 10);
-    QCOMPARE(bar.value(), value);
-}
-
-void RunTest::endWithLinkDownRestoresNothing()
-{
-    RunBench bench;
-    StartMeasurement();
-    bench.Tick("1");
-    bench.Tick("2");
-    LinkUp = false;
-    OverloadAccepted = true;
-    const QStringList before = ControlStates(bench.Form());
-    bench.Form().EndLumoBtn->click();
-    QVERIFY(!Measuring);
-    QVERIFY(!OverloadAccepted);
-    QCOMPARE(ControlStates(bench.Form()), before);
-    QVERIFY(bench.Form().Timer1->isActive());
-    QVERIFY(!MainForm->CheckLinkTimer->isActive());
-}
-
-void RunTest::endWithoutCurveRestoresNothing()
-{
-    RunBench bench;
-    StartMeasurement();
-    bench.Tick("1");
-    bench.Tick("2");
-    ProjectSlots[0].CurveApplied = false;
-    OverloadAccepted = true;
-    const QStringList before = ControlStates(bench.Form());
-    bench.Form().EndLumoBtn->click();
-    QVERIFY(!Measuring);
-    QVERIFY(!OverloadAccepted);
-    QCOMPARE(ControlStates(bench.Form()), before);
-    QVERIFY(bench.Form().Timer1->isActive());
-    QVERIFY(MainForm->CheckLinkTimer->isActive());
-}
-
-void RunTest::endWorksOnTheActiveProject()
-{
-    RunBench bench;
-    StartMeasurement();
-    SensorProjFrm &second = bench.Add(1);
-    ProjectSlots[1].CurveApplied = true;
-    SetRunControls(second, false);
-    const QStringList first = ControlStates(bench.Form(0));
-    const QStringList expected = Changed(ControlStates(second), StoppedStates);
-    bench.Form(0).EndLumoBtn->click();
-    QVERIFY(!Measuring);
-    QCOMPARE(ControlStates(bench.Form(0)), first);
-    QVERIFY(bench.Form(0).Timer1->isActive());
-    QCOMPARE(ControlStates(second), expected);
-}
-
-void RunTest::endIsAskedForWhateverItsButtonsState()
-{
-    RunBench bench;
-    StartMeasurement();
-    bench.Form().EndLumoBtn->setEnabled(false);
-    bench.Form().EndLumoBtn->click();
-    QVERIFY(Measuring);
-    bench.Form().EndLumoBtn_MouseClick();
-    QVERIFY(!Measuring);
-}
-
-void RunTest::endSendsNothing()
-{
-    RunBench bench;
-    StartMeasurement();
-    bench.Tick("1");
-    FakeVisa::ClearRecords();
-    bench.Form().EndLumoBtn->click();
-    QCOMPARE(FakeVisa::WriteCount(), 0);
-    QCOMPARE(FakeVisa::ReadCount(), 0);
-    QCOMPARE(FakeVisa::State().Transfers.size(), 0);
-}
-
-QTEST_MAIN(RunTest)
-#include "tst_run.moc"
+QTEST_MAIN(RunStartTest)
+#include "tst_run_start.moc"
