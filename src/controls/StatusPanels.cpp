@@ -85,10 +85,11 @@ int StatusPanels::PanelOfKey(const QString &key) const
 
 void StatusPanels::timerEvent(QTimerEvent *event)
 {
-    if (event->timerId() == m_clock.timerId())
+    if (event->timerId() == m_clock.timerId()) {
         ShowClock();
-    else
+    } else {
         QStatusBar::timerEvent(event);
+    }
 }
 
 void StatusPanels::StartClock()

@@ -43,12 +43,13 @@ bool TableMayBeApplied(int slot)
 
 void RefuseBuild(int slot, std::uint8_t result)
 {
-    if (result == BuildOutOfMemory)
+    if (result == BuildOutOfMemory) {
         Warn(QStringLiteral("Out of memory! "), QStringLiteral("内存不够! "));
-    else
+    } else {
         // Required: five points are enough, whatever the English text says.
         Warn(QStringLiteral("The number of least squares dot must be more than 5! "),
              QStringLiteral("最小二乘法至少需要5个参考点! "));
+    }
     // Required: the flag of a project that was applied before stays, although its curve is gone.
     ProjectSlots[slot].CurveApplied = false;
 }

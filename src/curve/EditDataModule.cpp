@@ -215,10 +215,11 @@ void OpenDialogue(EditDataFrm &form, int slot)
     form.VUnitLab->setText(SensorProjects[slot].InputUnit);
     form.TUnitLab->setText(SensorProjects[slot].OutputUnit);
     CopyReferenceTable(ReferenceTable[slot], form.WorkingTable);
-    if (EditDataMode == EditDataModeAdd)
+    if (EditDataMode == EditDataModeAdd) {
         OpenToAdd(form);
-    else
+    } else {
         OpenToChange(form, *FormOfSlot(slot).EditDataView);
+    }
     form.HScroll1->SetRange(form.FirstRow, ReferenceRowLimit);
     form.UpDown1->SetRange(form.FirstRow, ReferenceRowLimit);
     CentreOnScreen(form);

@@ -69,11 +69,12 @@ void OpenPopup(const ReportList &list, QPoint position)
 /// Below the last line a double click adds, elsewhere it changes. The header counts as one line.
 void EditByDoubleClick(const ReportList &list)
 {
-    if (list.LineCount() == 0 || list.LineHeight() * (list.LineCount() + 1) < PointerHeight)
+    if (list.LineCount() == 0 || list.LineHeight() * (list.LineCount() + 1) < PointerHeight) {
         // Required: a full list is not guarded here; the dialogue comes up for a row that the table does not have.
         mnuPopEditDataAdd_Click();
-    else
+    } else {
         mnuPopEditDataChange_Click();
+    }
 }
 
 } // namespace

@@ -113,9 +113,10 @@ QString FormatAxisValue(const QString &text)
             return Shown(static_cast<double>(value) / row.Scale, row.Picture, row.Suffix);
     }
     for (const FormatRow &row : axisRows) {
-        if (value <= Single(-row.Threshold))
+        if (value <= Single(-row.Threshold)) {
             return Shown(static_cast<double>(value) / row.Scale, row.Picture,
                          row.Scale == picoScale ? u"p" : row.Suffix);
+        }
     }
     return QStringLiteral("0.000");
 }

@@ -111,10 +111,11 @@ void DisconnectInstrument()
 
 void CheckLinkTick()
 {
-    if (!Measuring && LinkUp)
+    if (!Measuring && LinkUp) {
         UsbWrite(IdentificationHandshake);
-    else
+    } else {
         MainForm->CheckLinkTimer->stop();
+    }
 }
 
 void MakeDeviceChoice()

@@ -32,20 +32,21 @@ const QString UnitKeys = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklm
 /// LostFocus.
 class SelectionAtLeaving : public QObject {
 public:
-    explicit SelectionAtLeaving(TextBox *box) : QObject(box), m_box(box) { box->installEventFilter(this); }
+    explicit SelectionAtLeaving(TextBox *box) : QObject(box) { box->installEventFilter(this); }
 
     bool Selected() const { return m_selected; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::FocusOut)
-            m_selected = m_box->hasSelectedText();
+        // A box that is being destroyed loses the keyboard too, and is no text box any more.
+        const auto *box = qobject_cast<TextBox *>(watched);
+        if (box != nullptr && event->type() == QEvent::FocusOut)
+            m_selected = box->hasSelectedText();
         return QObject::eventFilter(watched, event);
     }
 
 private:
-    TextBox *m_box;
     bool m_selected = false;
 };
 
