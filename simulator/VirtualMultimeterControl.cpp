@@ -48,14 +48,14 @@ void kv7000_control_set_instrument_count(int count)
 {
     VisaBus &bus = TheBus();
     const BusLock lock(bus.Lock);
-    bus.InstrumentCount = std::clamp(count, 0, InstrumentLimit);
+    SetInstrumentCount(bus, std::clamp(count, 0, InstrumentLimit));
 }
 
 void kv7000_control_set_foreign_device(int connected)
 {
     VisaBus &bus = TheBus();
     const BusLock lock(bus.Lock);
-    bus.ForeignDevice = connected != 0;
+    SetForeignDevice(bus, connected != 0);
 }
 
 void kv7000_control_set_plugged(int instrument, int plugged)

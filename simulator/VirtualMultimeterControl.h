@@ -40,9 +40,11 @@ KV7000_CONTROL_EXPORT void kv7000_control_reset();
 
 // The bus.
 
-/// How many multimeters are connected, 0 to 2; a number outside is taken as the nearer bound.
+/// How many multimeters are connected, 0 to 2; a number outside is taken as the nearer bound. To open sessions of one
+/// that leaves it is as if it were unplugged.
 KV7000_CONTROL_EXPORT void kv7000_control_set_instrument_count(int count);
-/// Connects a USB device that is no multimeter, "USB0::0xFFFE::0x0001::SN00000001::INSTR"; it is found before them.
+/// Connects a USB device that is no multimeter, "USB0::0xFFFE::0x0001::SN00000001::INSTR"; it is found before them. Its
+/// open sessions are lost when it is taken away.
 KV7000_CONTROL_EXPORT void kv7000_control_set_foreign_device(int connected);
 /// Pulls an instrument's plug, or puts it back. Unplugged, it is not found, and writes, reads and control transfers of
 /// its open sessions fail with VI_ERROR_CONN_LOST, for these sessions also after it is plugged in again.

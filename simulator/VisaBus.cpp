@@ -38,7 +38,8 @@ Reached ReachInstrument(VisaBus &bus, ViSession number)
         return {nullptr, VI_ERROR_INV_OBJECT};
     const BusSession &session = found->second;
     if (session.Kind == SessionKind::Foreign)
-        return {nullptr, bus.ForeignDevice ? VI_SUCCESS : VI_ERROR_CONN_LOST};
+        return {nullptr,
+                bus.ForeignDevice && session.Generation == bus.ForeignGeneration ? VI_SUCCESS : VI_ERROR_CONN_LOST};
     if (session.Kind != SessionKind::Instrument)
         return {nullptr, VI_ERROR_NSUP_OPER};
     BusInstrument &instrument = bus.Instruments.at(session.Instrument);
@@ -67,8 +68,16 @@ ViStatus OpenForeign(VisaBus &bus, ViSession manager, ViSession &session)
     BusSession opened;
     opened.Kind = SessionKind::Foreign;
     opened.Manager = manager;
+    opened.Generation = bus.ForeignGeneration;
     session = AddSession(bus, std::move(opened));
     return VI_SUCCESS;
+}
+
+/// What leaving the bus does to an instrument: sessions opened so far reach it no more.
+void LoseSessions(BusInstrument &instrument)
+{
+    ++instrument.Generation;
+    instrument.Unread.clear();
 }
 
 } // namespace
@@ -110,12 +119,24 @@ void SetClockSpeed(VisaBus &bus, double speed)
     bus.Clock = running;
 }
 
+void SetInstrumentCount(VisaBus &bus, int count)
+{
+    for (int index = count; index < bus.InstrumentCount; ++index)
+        LoseSessions(bus.Instruments.at(index));
+    bus.InstrumentCount = count;
+}
+
+void SetForeignDevice(VisaBus &bus, bool connected)
+{
+    if (bus.ForeignDevice && !connected)
+        ++bus.ForeignGeneration;
+    bus.ForeignDevice = connected;
+}
+
 void SetPlugged(BusInstrument &instrument, bool plugged)
 {
-    if (instrument.Plugged && !plugged) {
-        ++instrument.Generation;
-        instrument.Unread.clear();
-    }
+    if (instrument.Plugged && !plugged)
+        LoseSessions(instrument);
     instrument.Plugged = plugged;
 }
 

@@ -35,7 +35,7 @@ struct BusInstrument {
     InstrumentModel Model;
     std::string Unread;               ///< the device's output queue: what is left of the last reply
     bool Plugged = true;              ///< an unplugged one is not found, and its sessions are lost for good
-    int Generation = 0;               ///< counts the times it was unplugged
+    int Generation = 0;               ///< counts the times it has left the bus
     ViStatus OpenStatus = VI_SUCCESS; ///< negative: viOpen is refused with this status
 };
 
@@ -51,7 +51,7 @@ struct BusSession {
     SessionKind Kind = SessionKind::Manager;
     ViSession Manager = VI_NULL;              ///< the manager it was opened under; closed with it
     int Instrument = 0;                       ///< index of the instrument
-    int Generation = 0;                       ///< that of the instrument when the session was opened
+    int Generation = 0;                       ///< that of the device when the session was opened
     ViUInt32 Timeout = DefaultSessionTimeout; ///< ms
     std::vector<std::string> Matches;         ///< of a find list: names not given out yet, next first
 };
@@ -69,9 +69,10 @@ struct VisaBus {
     std::vector<BusInstrument> Instruments; ///< always InstrumentLimit; those from InstrumentCount on are not connected
     int InstrumentCount = 1;
     bool ForeignDevice = false; ///< a USB device of another kind is connected; it is found first
+    int ForeignGeneration = 0;  ///< counts the times that device has left the bus
     std::map<ViSession, BusSession> Sessions;
     ViSession LastSession = VI_NULL; ///< session numbers are never used again
-    int ReadWait = 0;                ///< ms that a read without a reply really waits; see WaitForReply
+    int ReadWait = 0;                ///< ms that a read without a reply really waits, the session's time-out at most
     BusClock Clock;
 };
 
@@ -86,6 +87,12 @@ double BusSeconds(const VisaBus &bus);
 
 /// Lets the clock run on from its present value at another speed.
 void SetClockSpeed(VisaBus &bus, double speed);
+
+/// How many instruments are connected, 0 to InstrumentLimit. Those that leave lose their sessions for good.
+void SetInstrumentCount(VisaBus &bus, int count);
+
+/// Connects the foreign device, or takes it off the bus, its sessions lost for good.
+void SetForeignDevice(VisaBus &bus, bool connected);
 
 /// Takes an instrument off the bus, or puts it back.
 void SetPlugged(BusInstrument &instrument, bool plugged);

@@ -362,6 +362,58 @@ private slots:
         QCOMPARE(Table.viClose(Session), VI_SUCCESS);
     }
 
+    void sessionsOfAnInstrumentThatHasLeftStayLost_data()
+    {
+        QTest::addColumn<int>("instrument");
+        QTest::addColumn<int>("count");
+        QTest::newRow("the only one") << 0 << 1;
+        QTest::newRow("the first of two") << 0 << 2;
+        QTest::newRow("the second of two") << 1 << 2;
+    }
+
+    void sessionsOfAnInstrumentThatHasLeftStayLost()
+    {
+        QFETCH(int, instrument);
+        QFETCH(int, count);
+        kv7000_control_set_instrument_count(count);
+        const ViSession old = Open(instrument);
+        QCOMPARE(VisaPrintf(Table, old, "*IDN?\n"), VI_SUCCESS); // its reply is left unread
+        kv7000_control_set_instrument_count(instrument);
+        kv7000_control_set_instrument_count(count);
+        std::array<char, 257> buffer{};
+        QCOMPARE(VisaPrintf(Table, old, "*IDN?\n"), VI_ERROR_CONN_LOST);
+        QCOMPARE(VisaScanf(Table, old, "%256t", buffer.data()), VI_ERROR_CONN_LOST);
+        QCOMPARE(Table.viUsbControlOut(old, 0x40, 0x1B, 0, 0, 0, nullptr), VI_ERROR_CONN_LOST);
+        const ViSession opened = Open(instrument);
+        QCOMPARE(ReadText(opened), std::string("(none)"));
+        QVERIFY(Query(opened, "*IDN?\n").starts_with("ZEMRA"));
+        QCOMPARE(Table.viClose(old), VI_SUCCESS);
+    }
+
+    void sessionsOfAnInstrumentThatStaysGoOn()
+    {
+        kv7000_control_set_instrument_count(2);
+        QCOMPARE(VisaPrintf(Table, Session, "*IDN?\n"), VI_SUCCESS);
+        kv7000_control_set_instrument_count(1);
+        kv7000_control_set_instrument_count(2);
+        QVERIFY(ReadText(Session).starts_with("ZEMRA"));
+        QVERIFY(Query(Session, "*IDN?\n").starts_with("ZEMRA"));
+    }
+
+    void sessionsOfAForeignDeviceThatHasLeftStayLost()
+    {
+        kv7000_control_set_foreign_device(1);
+        const QByteArray name = FindAll(Manager, "USB?*INSTR").Names[0].toLatin1();
+        ViSession old = VI_NULL;
+        QCOMPARE(Table.viOpen(Manager, name.constData(), 0, 0, &old), VI_SUCCESS);
+        kv7000_control_set_foreign_device(0);
+        kv7000_control_set_foreign_device(1);
+        QCOMPARE(VisaPrintf(Table, old, "*IDN?\n"), VI_ERROR_CONN_LOST);
+        ViSession opened = VI_NULL;
+        QCOMPARE(Table.viOpen(Manager, name.constData(), 0, 0, &opened), VI_SUCCESS);
+        QCOMPARE(VisaPrintf(Table, opened, "*IDN?\n"), VI_SUCCESS);
+    }
+
     void anotherMakerAnswersUnderItsName()
     {
         kv7000_control_set_maker(0, "Somebody Else");
