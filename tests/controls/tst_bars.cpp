@@ -3,6 +3,7 @@
 #include "controls/FlatScrollBar.h"
 #include "controls/LumoButton.h"
 #include "controls/TabStrip.h"
+#include "controls/TextBox.h"
 #include "controls/UpDown.h"
 #include "support/BoxAnswer.h"
 #include "support/ErrorOf.h"
@@ -34,6 +35,25 @@ QToolButton *StepButton(UpDown &control, const char *name)
 {
     return control.findChild<QToolButton *>(QString::fromLatin1(name));
 }
+
+/// A text box with the focus beside a control, in an active window.
+class BesideAText {
+public:
+    explicit BesideAText(QWidget *control)
+    {
+        auto *column = new QVBoxLayout(&window);
+        column->addWidget(text);
+        column->addWidget(control);
+        window.show();
+        window.activateWindow();
+        text->setFocus();
+    }
+
+    bool HasFocus() { return QTest::qWaitForWindowActive(&window) && text->hasFocus(); }
+
+    QWidget window;
+    TextBox *text = new TextBox;
+};
 
 QList<int> Numbers(const QSignalSpy &spy)
 {
@@ -68,6 +88,10 @@ private slots:
     void up_down_keeps_its_range();
     void up_down_repeats_while_it_is_held();
     void a_box_ends_the_repetition();
+    void a_click_on_up_down_takes_the_focus_data();
+    void a_click_on_up_down_takes_the_focus();
+    void a_click_on_the_scroll_bar_takes_the_focus_data();
+    void a_click_on_the_scroll_bar_takes_the_focus();
     void a_tab_click_selects_and_reports();
     void the_selected_tab_can_be_clicked_again();
     void only_the_left_button_chooses_a_tab();
@@ -208,6 +232,55 @@ void BarsTest::a_box_ends_the_repetition()
     QTRY_VERIFY(answer.Came());
     QTRY_VERIFY(!StepButton(control, "Down")->isDown());
     QCOMPARE(down.count(), 1);
+}
+
+void BarsTest::a_click_on_up_down_takes_the_focus_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::newRow("Up") << QStringLiteral("Up");
+    QTest::newRow("Down") << QStringLiteral("Down");
+}
+
+void BarsTest::a_click_on_up_down_takes_the_focus()
+{
+    QFETCH(const QString, button);
+    auto *control = new UpDown;
+    control->setFixedSize(40, 60);
+    BesideAText beside(control);
+    QVERIFY(beside.HasFocus());
+    QStringList order;
+    connect(beside.text, &TextBox::LostFocus, control, [&] { order.append(QStringLiteral("left")); });
+    connect(control, &UpDown::Changed, control, [&] { order.append(QStringLiteral("changed")); });
+    QTest::mouseClick(control->findChild<QToolButton *>(button), Qt::LeftButton);
+    QVERIFY(!beside.text->hasFocus());
+    QVERIFY(control->isAncestorOf(QApplication::focusWidget()));
+    QCOMPARE(order.join(u' '), QStringLiteral("left changed")); // the text is left before the step
+}
+
+void BarsTest::a_click_on_the_scroll_bar_takes_the_focus_data()
+{
+    QTest::addColumn<int>("part");
+    QTest::newRow("arrow") << static_cast<int>(QStyle::SC_ScrollBarAddLine);
+    QTest::newRow("beside the thumb") << static_cast<int>(QStyle::SC_ScrollBarAddPage);
+    QTest::newRow("thumb") << static_cast<int>(QStyle::SC_ScrollBarSlider);
+}
+
+void BarsTest::a_click_on_the_scroll_bar_takes_the_focus()
+{
+    QFETCH(const int, part);
+    auto *bar = new ProbedBar(Qt::Horizontal);
+    bar->setFixedSize(300, 24);
+    bar->SetUp(0, 1000, 1, 100, 0);
+    BesideAText beside(bar);
+    QVERIFY(beside.HasFocus());
+    QStringList order;
+    connect(beside.text, &TextBox::LostFocus, bar, [&] { order.append(QStringLiteral("left")); });
+    connect(bar, &FlatScrollBar::Moved, bar, [&] { order.append(QStringLiteral("moved")); });
+    const auto subControl = static_cast<QStyle::SubControl>(part);
+    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->Part(subControl).center());
+    QVERIFY(bar->hasFocus());
+    QCOMPARE(order.value(0), QStringLiteral("left"));
+    QCOMPARE(order.value(1), subControl == QStyle::SC_ScrollBarSlider ? QString() : QStringLiteral("moved"));
 }
 
 void BarsTest::a_tab_click_selects_and_reports()

@@ -36,6 +36,7 @@ private slots:
     void lines_are_added_and_cleared();
     void adding_selects_nothing();
     void lines_are_selected_one_by_one();
+    void a_line_that_is_selected_becomes_the_current_one();
     void a_line_or_column_that_is_not_there_is_out_of_range();
     void the_current_line_is_the_one_clicked();
     void several_lines_are_selected_with_shift_and_control();
@@ -112,6 +113,22 @@ void ReportListTest::lines_are_selected_one_by_one()
     list.SelectLine(1, false);
     QVERIFY(!list.LineSelected(1));
     QVERIFY(list.LineSelected(3));
+}
+
+void ReportListTest::a_line_that_is_selected_becomes_the_current_one()
+{
+    ReportList list;
+    Fill(list, 4);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    list.SelectLine(2, true);
+    QCOMPARE(list.CurrentLine(), 2);
+    list.SelectLine(4, true);
+    QCOMPARE(list.CurrentLine(), 4);
+    QVERIFY(list.LineSelected(2) && list.LineSelected(4));
+    list.SelectLine(2, false);
+    QCOMPARE(list.CurrentLine(), 4);
+    QVERIFY(!list.LineSelected(1) && !list.LineSelected(2) && !list.LineSelected(3) && list.LineSelected(4));
 }
 
 void ReportListTest::a_line_or_column_that_is_not_there_is_out_of_range()

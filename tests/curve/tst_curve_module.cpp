@@ -9,6 +9,7 @@
 #include "support/BoxAnswer.h"
 #include "support/ErrorOf.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <dlfcn.h>
@@ -68,6 +69,14 @@ void PutStraight(int slot)
     PutRow(slot, 2, 4, 8, false, Line);
 }
 
+/// Three rows that differ from those of PutStraight in their number and in each end of both ranges.
+void PutOtherRows(int slot)
+{
+    PutRow(slot, 1, -3, -7, true, Line);
+    PutRow(slot, 2, 4, 1, false, Line);
+    PutRow(slot, 3, 9, 80, false, Line);
+}
+
 QList<int> AppliedSlots()
 {
     QList<int> applied;
@@ -89,22 +98,47 @@ int PixelsOf(const PictureBox &picture, ColourRef colour)
     return found;
 }
 
-/// What Apply must not touch when it is refused by a check.
-struct CurveState {
-    explicit CurveState(int slot) : Curve(ReferenceCurves[slot]), Passed(ReferenceRowsPassed), Held(SEN_Meas_Z(2.0)) {}
-
-    void VerifyUnchanged(int slot) const
+/// What of a slot stands on the screen and behind it: Apply changes it when it has built a curve.
+struct PublishedState {
+    explicit PublishedState(int slot)
+        : Slot(slot), Curve(ReferenceCurves[slot]), Plot(ProjectForm[slot]->PicRef->Image().copy()),
+          Surround(ProjectForm[slot]->PicRefBack->Image().copy())
     {
-        const ReferenceCurve &now = ReferenceCurves[slot];
-        QCOMPARE(now.Points.size(), Curve.Points.size());
+    }
+
+    void VerifyUnchanged() const
+    {
+        const ReferenceCurve &now = ReferenceCurves[Slot];
         QCOMPARE(now.Count, Curve.Count);
+        QCOMPARE(now.XMin, Curve.XMin);
         QCOMPARE(now.XMax, Curve.XMax);
+        QCOMPARE(now.YMin, Curve.YMin);
         QCOMPARE(now.YMax, Curve.YMax);
+        QCOMPARE(ProjectForm[Slot]->PicRef->Image(), Plot);
+        QCOMPARE(ProjectForm[Slot]->PicRefBack->Image(), Surround);
+    }
+
+    int Slot;
+    ReferenceCurve Curve;
+    QImage Plot;
+    QImage Surround;
+};
+
+/// What Apply must not touch when it is refused by a check: the points and the library's curve too.
+struct CurveState : PublishedState {
+    explicit CurveState(int slot) : PublishedState(slot), Passed(ReferenceRowsPassed), Held(SEN_Meas_Z(2.0)) {}
+
+    void VerifyUnchanged() const
+    {
+        PublishedState::VerifyUnchanged();
+        const std::vector<CurvePoint> &now = ReferenceCurves[Slot].Points;
+        QVERIFY(std::equal(
+            now.begin(), now.end(), Curve.Points.begin(), Curve.Points.end(),
+            [](const CurvePoint &one, const CurvePoint &other) { return one.X == other.X && one.Y == other.Y; }));
         QCOMPARE(ReferenceRowsPassed, Passed);
         QCOMPARE(SEN_Meas_Z(2.0), Held);
     }
 
-    ReferenceCurve Curve;
     std::int32_t Passed;
     double Held;
 };
@@ -219,20 +253,18 @@ void CurveModuleTest::a_refusal_by_a_check_changes_nothing()
     QCOMPARE(AppliedSlots(), QList<int>{0});
     const int slot = check == 1 ? 1 : 0;
     fixture.Activate(slot == 1 ? fixture.second : fixture.first);
-    ReferenceTable[slot][1].Output = -50; // what a build would take over
+    PutOtherRows(slot); // what a build would take over
     Measuring = check <= 1;
     if (check == 2)
         ReferenceTable[0][1].Segment = false;
     if (check >= 3)
-        ReferenceTable[0][2].Used = false;
+        ReferenceTable[0][2].Used = ReferenceTable[0][3].Used = false;
     if (check == 4)
         ReferenceTable[0][1] = {};
     const CurveState before(slot);
-    const QImage picture = ProjectForm[slot]->PicRef->Image().copy();
     BoxAnswers answers({QMessageBox::Ok});
     mnuPopEditDataApply();
-    before.VerifyUnchanged(slot);
-    QCOMPARE(ProjectForm[slot]->PicRef->Image(), picture);
+    before.VerifyUnchanged();
     QCOMPARE(AppliedSlots(), QList<int>{0});
 }
 
@@ -432,9 +464,11 @@ void CurveModuleTest::four_points_of_least_squares_are_refused()
     CurveFixture fixture;
     for (int row = 1; row <= 4; ++row)
         PutRow(0, row, row, 3.0 * row, row == 1, Least);
+    const PublishedState before(0);
     BoxAnswers answers({QMessageBox::Ok});
     mnuPopEditDataApply();
     QCOMPARE(answers.Texts(), QStringList{QStringLiteral("The number of least squares dot must be more than 5! ")});
+    before.VerifyUnchanged();
     QCOMPARE(AppliedSlots(), QList<int>());
 }
 
@@ -469,21 +503,23 @@ void CurveModuleTest::a_failed_build_keeps_the_flags_of_others_and_the_old_drawi
     mnuPopEditDataApply();
     fixture.Activate(fixture.second);
     ProjectSlots[1].CurveApplied = true; // to see it go
-    ReferenceCurves[1].Count = 42;
-    ReferenceCurves[1].YMax = 43;
+    PutOtherRows(1);
     ReferenceTable[1][1].Arithmetic = Least;
-    const QImage picture = fixture.second.PicRef->Image().copy();
+    ReferenceCurves[1].Count = 42;
+    ReferenceCurves[1].XMin = 43;
+    ReferenceCurves[1].XMax = 44;
+    ReferenceCurves[1].YMin = 45;
+    ReferenceCurves[1].YMax = 46;
+    const PublishedState before(1);
     BoxAnswers answers({QMessageBox::Ok});
     mnuPopEditDataApply();
     // The curve of slot 0 is gone from the library, its flag stays.
     QCOMPARE(AppliedSlots(), QList<int>{0});
     QCOMPARE(SEN_Meas_Z(4), 0.0);
-    QCOMPARE(ReferenceRowsPassed, 2);
-    QCOMPARE(ReferenceCurves[1].Points.size(), std::size_t{2});
-    QCOMPARE(ReferenceCurves[1].Points[1].Y, 8.0);
-    QCOMPARE(ReferenceCurves[1].Count, 42);
-    QCOMPARE(ReferenceCurves[1].YMax, 43.0);
-    QCOMPARE(fixture.second.PicRef->Image(), picture);
+    QCOMPARE(ReferenceRowsPassed, 3);
+    QCOMPARE(ReferenceCurves[1].Points.size(), std::size_t{3});
+    QCOMPARE(ReferenceCurves[1].Points[2].Y, 80.0);
+    before.VerifyUnchanged();
 }
 
 void CurveModuleTest::a_build_without_memory_takes_the_flag_off()
@@ -491,7 +527,8 @@ void CurveModuleTest::a_build_without_memory_takes_the_flag_off()
     CurveFixture fixture;
     PutStraight(0);
     mnuPopEditDataApply();
-    ReferenceTable[0][2].Output = 80;
+    PutOtherRows(0);
+    const PublishedState before(0);
     BoxAnswers answers({QMessageBox::Ok});
     AllocationFails = IsOfCurveLibrary;
     mnuPopEditDataApply();
@@ -499,11 +536,11 @@ void CurveModuleTest::a_build_without_memory_takes_the_flag_off()
     QCOMPARE(answers.Texts(), QStringList{QStringLiteral("Out of memory! ")});
     QCOMPARE(AppliedSlots(), QList<int>());
     QCOMPARE(SEN_Meas_Z(4), 0.0);
-    QCOMPARE(ReferenceCurves[0].Points[1].Y, 80.0);
-    QCOMPARE(ReferenceCurves[0].YMax, 8.0);
+    QCOMPARE(ReferenceCurves[0].Points[2].Y, 80.0);
+    before.VerifyUnchanged();
     mnuPopEditDataApply();
     QCOMPARE(AppliedSlots(), QList<int>{0});
-    QCOMPARE(SEN_Meas_Z(4), 80.0);
+    QCOMPARE(SEN_Meas_Z(9), 80.0);
 }
 
 void CurveModuleTest::equal_outputs_leave_no_project_applied_and_the_new_axes()

@@ -1,3 +1,5 @@
+/// @file
+/// The simulated curve: which columns and points are in view, what is sampled, and where stretches begin.
 #include "curve/CurveSimulation.h"
 #include "support/ErrorOf.h"
 

@@ -27,6 +27,8 @@ private slots:
     void down_stops_at_row_1();
     void stepping_stays_within_the_limits_of_the_row_number();
     void a_half_filled_row_is_dropped_on_the_way();
+    void stepping_leaves_the_input_with_its_check_data();
+    void stepping_leaves_the_input_with_its_check();
     void the_scroll_bar_saves_and_moves();
     void a_typed_row_number_is_kept_within_its_limits();
     void a_typed_row_number_receives_what_is_on_display();
@@ -136,6 +138,43 @@ void EditDataSteppingTest::a_half_filled_row_is_dropped_on_the_way()
         Click(form.OkCmd);
     });
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 3}));
+}
+
+void EditDataSteppingTest::stepping_leaves_the_input_with_its_check_data()
+{
+    QTest::addColumn<bool>("byArrow");
+    QTest::addColumn<QStringList>("texts"); // of the input, from its last key on
+    QTest::newRow("arrow") << true << QStringList{QStringLiteral("2"), QStringLiteral("2.0"), QString()};
+    // The bar has moved, whatever has become of the row that it leaves.
+    QTest::newRow("scroll bar") << false
+                                << QStringList{QStringLiteral("2"), QStringLiteral("2.0"), QString(),
+                                               QStringLiteral("2.0")};
+}
+
+void EditDataSteppingTest::stepping_leaves_the_input_with_its_check()
+{
+    QFETCH(const bool, byArrow);
+    QFETCH(const QStringList, texts);
+    EditDataBench bench;
+    bench.PutRows({1, 2, 3});
+    BoxAnswers answers({QMessageBox::Ok});
+    Changing(bench, 1, [&](EditDataFrm &form) {
+        TypeOver(form.VolTxt, QString());
+        QStringList shown;
+        QObject::connect(form.VolTxt, &TextBox::Change, &form, [&] { shown.append(form.VolTxt->text()); });
+        QTest::keyClicks(form.VolTxt, QStringLiteral("2"));
+        QVERIFY(form.VolTxt->hasFocus());
+        if (byArrow)
+            StepUp(form);
+        else
+            ClickArrow(form.HScroll1, true);
+        QCOMPARE(shown, texts);
+        QCOMPARE(form.NOTxt->text(), byArrow ? QStringLiteral("1") : QStringLiteral("2"));
+        // The row left is half filled, so that it is dropped; the input that stands twice never gets into it.
+        QVERIFY(!form.WorkingTable[1].Used);
+        QCOMPARE(form.WorkingTable[1].Input, 1.0);
+    });
+    QCOMPARE(answers.Texts(), QStringList{QStringLiteral("One reference dot has two value! ")});
 }
 
 void EditDataSteppingTest::the_scroll_bar_saves_and_moves()

@@ -41,6 +41,7 @@ private slots:
     void enter_has_no_default_button();
 
     void adding_sorts_the_row_in_and_selects_it();
+    void a_row_added_in_the_middle_is_the_next_to_change();
     void a_stored_row_holds_all_its_fields();
     void one_opening_adds_many_rows();
     void typed_numbers_are_stored_as_typed();
@@ -258,6 +259,22 @@ void EditDataStoringTest::adding_sorts_the_row_in_and_selects_it()
     QCOMPARE(bench.project.EditDataView->LineCount(), 4);
     QCOMPARE(bench.project.EditDataView->LineText(3, 2), QStringLiteral("5.0"));
     QCOMPARE(SelectedLines(bench), QList<int>{3});
+}
+
+void EditDataStoringTest::a_row_added_in_the_middle_is_the_next_to_change()
+{
+    EditDataBench bench;
+    bench.PutRows({1, 2, 4, 5});
+    Adding([](EditDataFrm &form) {
+        TypeRow(form, QStringLiteral("3"), QStringLiteral("33"));
+        Click(form.OkCmd);
+    });
+    QCOMPARE(SelectedLines(bench), QList<int>{3});
+    InDialogue(mnuPopEditDataChange_Click, [](EditDataFrm &form) {
+        QCOMPARE(form.NOTxt->text(), QStringLiteral("3"));
+        QCOMPARE(form.VolTxt->text(), QStringLiteral("3.0"));
+        QCOMPARE(form.TemperateTxt->text(), QStringLiteral("33.0"));
+    });
 }
 
 void EditDataStoringTest::a_stored_row_holds_all_its_fields()

@@ -1,3 +1,5 @@
+/// @file
+/// The reference curve's record: how it is filled, built, ranged and reset.
 #include "curve/ReferenceCurve.h"
 #include "support/ErrorOf.h"
 #include "support/PutRow.h"

@@ -3,6 +3,7 @@
 /// on.
 #include "display/ReferencePictureBench.h"
 #include "support/ErrorOf.h"
+#include "support/WindowColour.h"
 
 #include <optional>
 
@@ -69,9 +70,11 @@ void ReferencePicturePageTest::layout()
 
 void ReferencePicturePageTest::the_page_takes_the_windows_colour()
 {
-    QPalette palette = Form().palette();
-    palette.setColor(QPalette::Window, QColor(10, 200, 30));
-    Form().setPalette(palette);
+    SetWindowColour(Form(), QColor(10, 200, 30));
+    // A colour of its own: the page inherits none any more.
+    SetWindowColour(*Form().SpecifyCurvePic, QColor(200, 0, 0));
+    Form().SpecifyCurvePic->setAutoFillBackground(false);
+    Form().PicRefBack->BackColour = Rgb(200, 0, 0);
     PreparePlot(Form(), 0, 100);
     QCOMPARE(Form().SpecifyCurvePic->palette().color(QPalette::Window), QColor(10, 200, 30));
     QVERIFY(Form().SpecifyCurvePic->autoFillBackground());

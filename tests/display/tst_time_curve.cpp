@@ -3,8 +3,8 @@
 #include "display/TimeCurveModule.h"
 
 #include "PixelCanvas.h"
-#include "display/DispFunctionModule.h"
 #include "platform/MemorySurface.h"
+#include "platform/PixelDrawing.h"
 #include "platform/RuntimeError.h"
 #include "support/BareFrame.h"
 #include "support/BoxAnswer.h"
@@ -20,7 +20,23 @@ constexpr ColourRef Black = Rgb(0, 0, 0);
 constexpr ColourRef Green = Rgb(0, 255, 0);
 constexpr ColourRef Yellow = Rgb(255, 255, 0);
 constexpr ColourRef Mark = Rgb(1, 2, 3);
+constexpr ColourRef Cyan = Rgb(0, 255, 255);
+constexpr ColourRef Magenta = Rgb(255, 0, 255);
+constexpr ColourRef White = Rgb(255, 255, 255);
 constexpr QPoint MarkAt(15, 13); ///< no grid dot and no tick stands there
+
+/// The surround of 320 by 130 pixels with what stands around the plot of 240 by 100 pixels at (40, 10): twelve numbers
+/// and a unit below it, five numbers and a unit at its left.
+QImage ExpectedSurround(const QStringList &abscissa, const QStringList &ordinate, ColourRef ordinateColour)
+{
+    QImage image = PixelCanvas(320, 130, Black).Image;
+    for (int i = 0; i <= 12; ++i)
+        DrawPictureText(image, Nearest(40 + 20 * i - 2.5 * static_cast<int>(abscissa[i].size())), 112, abscissa[i],
+                        Cyan);
+    for (int i = 0; i <= 5; ++i)
+        DrawPictureText(image, 0, Nearest(110 - 20 * i - 4.5), ordinate[i], ordinateColour);
+    return image;
+}
 
 /// Counts how often a widget is painted.
 class PaintCounter : public QObject {
@@ -81,11 +97,7 @@ private slots:
         expected.LineUpTo(0, 20, 120, 79, Yellow); // 119.5 pixels a sample
         expected.LineUpTo(120, 79, 239, 50, Yellow);
         QCOMPARE(Difference(plot.Image(), expected.Image), QString());
-        PictureBox surround;
-        surround.resize(background.size());
-        DrawWaveAxisText(surround, plot, record);
-        QCOMPARE(Difference(background.Image(), surround.Image()), QString());
-        QVERIFY(!Difference(background.Image(), PixelCanvas(320, 130, Black).Image).isEmpty());
+        QCOMPARE(Difference(background.Image(), SurroundOfFilledRecord(value)), QString());
     }
 
     void ARedrawTouchesOneCurveOnly_data() { Waves(); }
@@ -115,12 +127,42 @@ private slots:
         QTRY_VERIFY(background.Count > 0);
     }
 
-    void WithoutACurveTheGraticuleStands()
+    void ASingleSampleHasGraticuleAndAxesOnly_data()
     {
-        RedrawValueWave(slot); // a new project: LastIndex is 0
+        QTest::addColumn<bool>("value");
+        QTest::addColumn<bool>("link");
+        for (const bool value : {true, false}) {
+            for (const bool link : {true, false})
+                QTest::addRow("%s, %s", value ? "ValueWave" : "MeasureWave", link ? "lines" : "dots") << value << link;
+        }
+    }
+
+    void ASingleSampleHasGraticuleAndAxesOnly()
+    {
+        QFETCH(bool, value);
+        QFETCH(bool, link);
+        WaveRecord &record = value ? ValueWave[slot] : MeasureWave[slot];
+        FillRecord(record); // ranges that a curve would be drawn in
+        record.Link = link;
+        record.LastIndex = 0;
+        Redraw(value);
+        PixelCanvas expected(240, 100, Black);
+        expected.WaveGraticule(true, Green);
+        QCOMPARE(Difference((value ? form->PicTime_Value : form->PicTime_Meas)->Image(), expected.Image), QString());
+        const PictureBox &background = value ? *form->PicTime_Value_Background : *form->PicTime_Meas_Background;
+        QCOMPARE(Difference(background.Image(), SurroundOfFilledRecord(value)), QString());
+    }
+
+    void ANewProjectHasGraticuleAndAxesOnly()
+    {
+        RedrawValueWave(slot);
         PixelCanvas expected(240, 100, Black);
         expected.WaveGraticule(true, Green);
         QCOMPARE(Difference(form->PicTime_Value->Image(), expected.Image), QString());
+        const QStringList zeros(5, QStringLiteral("0.000"));
+        QCOMPARE(Difference(form->PicTime_Value_Background->Image(),
+                            ExpectedSurround(Minute(), zeros + QStringList{QStringLiteral("℃")}, Magenta)),
+                 QString());
     }
 
     void ASlotWithoutWindowIsPassedOver()
@@ -242,23 +284,40 @@ private slots:
 
     void AThirdStateOnlyRedraws_data()
     {
+        QTest::addColumn<bool>("value");
+        QTest::addColumn<bool>("grid");
         QTest::addColumn<bool>("before");
-        QTest::newRow("on") << true;
-        QTest::newRow("off") << false;
+        for (const bool value : {true, false}) {
+            for (const bool grid : {true, false}) {
+                for (const bool before : {true, false})
+                    QTest::addRow("%s of %s, %s", grid ? "Grid" : "Link", value ? "ValueWave" : "MeasureWave",
+                                  before ? "on" : "off")
+                        << value << grid << before;
+            }
+        }
     }
 
     void AThirdStateOnlyRedraws()
     {
+        QFETCH(bool, value);
+        QFETCH(bool, grid);
         QFETCH(bool, before);
-        Choose(true);
-        ValueWave[slot].Grid = before;
+        Choose(value);
+        WaveRecord &chosen = value ? ValueWave[slot] : MeasureWave[slot];
+        const WaveRecord &other = value ? MeasureWave[slot] : ValueWave[slot];
+        (grid ? chosen.Grid : chosen.Link) = before;
         PutMark(*form->PicTime_Value);
-        form->ChkGrid->setTristate(true);
-        form->ChkGrid->setCheckState(Qt::Unchecked);
-        form->ChkGrid->click();
-        QCOMPARE(form->ChkGrid->checkState(), Qt::PartiallyChecked);
-        QCOMPARE(ValueWave[slot].Grid, before);
-        QVERIFY(!Marked(*form->PicTime_Value));
+        PutMark(*form->PicTime_Meas);
+        QCheckBox &box = grid ? *form->ChkGrid : *form->ChkLink;
+        box.setTristate(true);
+        box.setCheckState(Qt::Unchecked);
+        box.click();
+        QCOMPARE(box.checkState(), Qt::PartiallyChecked);
+        QCOMPARE(chosen.Grid, grid ? before : true);
+        QCOMPARE(chosen.Link, grid ? true : before);
+        QVERIFY(other.Grid && other.Link);
+        QCOMPARE(Marked(*form->PicTime_Value), !value);
+        QCOMPARE(Marked(*form->PicTime_Meas), value);
     }
 
     void ChoosingACurveLoadsItsBoxes_data()
@@ -349,6 +408,18 @@ private:
         record.LastIndex = record.LastVisible = 2;
         record.YMin = -59.4;
         record.YMax = 0;
+    }
+
+    /// 60 seconds in twelve divisions, and their unit.
+    static QStringList Minute() { return QStringLiteral("0 5 10 15 20 25 30 35 40 45 50 55 S").split(u' '); }
+
+    /// A third of the record's range, 19.8, is a division; the lowest number stands one division below the range.
+    static QImage SurroundOfFilledRecord(bool value)
+    {
+        const QString unit = value ? QStringLiteral("℃") : QStringLiteral("mV");
+        return ExpectedSurround(Minute(),
+                                QStringLiteral("-79.20 -59.40 -39.60 -19.80 0.000").split(u' ') + QStringList{unit},
+                                value ? Magenta : White);
     }
 
     static void Redraw(bool value)

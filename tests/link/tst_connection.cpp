@@ -3,6 +3,7 @@
 
 #include "controls/Guard.h"
 #include "link/ConnectionModule.h"
+#include "link/DeviceChoiceFrm.h"
 #include "link/LinkIndicator.h"
 #include "link/USB_FuncBox.h"
 #include "support/BareFrame.h"
@@ -10,6 +11,7 @@
 #include "support/CommaLocale.h"
 #include "support/ErrorOf.h"
 #include "support/FakeVisa.h"
+#include "visa/VisaLoader.h"
 
 #include <QtTest>
 
@@ -55,6 +57,23 @@ const LinkView NeverConnected{false, QStringLiteral("Unconnected"), false, true,
 const LinkView Connected{true, QStringLiteral("Connect"), true, false, true};
 const LinkView DownStillWatched{false, QStringLiteral("Unconnected"), false, true, true};
 const LinkView Down = NeverConnected;
+
+/// A search that fails and leaves whatever it was handed as it was.
+ViStatus OSTRAKON_VISA_CALL FailingFindRsrc(ViSession, ViConstString, ViFindList *, ViUInt32 *, ViChar *)
+{
+    return VI_ERROR_SYSTEM_ERROR;
+}
+
+/// The scripted table with that search.
+const VisaTable &FailingSearchVisa()
+{
+    static const VisaTable table = [] {
+        VisaTable failing = FakeVisa::Table();
+        failing.viFindRsrc = FailingFindRsrc;
+        return failing;
+    }();
+    return table;
+}
 
 } // namespace
 
@@ -200,6 +219,21 @@ private slots:
         QVERIFY(FakeVisa::State().Closed.isEmpty());
     }
 
+    /// A busy machine may take longer.
+    void aPauseFollowsEachTry()
+    {
+        const BoxAnswers noBox;
+        QElapsedTimer clock;
+        QList<qint64> reads;
+        FakeVisa::State().OnRead = [&] { reads.append(clock.elapsed()); };
+        clock.start();
+        ConnectInstrument();
+        QVERIFY(clock.elapsed() >= 150);
+        QCOMPARE(reads.size(), 3);
+        QVERIFY(reads[1] - reads[0] >= 50);
+        QVERIFY(reads[2] - reads[1] >= 50);
+    }
+
     void aLateOrWrongReplyIsForgiven_data()
     {
         QTest::addColumn<QList<QByteArray>>("replies");
@@ -343,6 +377,49 @@ private slots:
         QCOMPARE(FakeVisa::WriteCount(), 0);
         QCOMPARE(FakeVisa::ReadCount(), 0);
         QCOMPARE(View(), NeverConnected);
+    }
+
+    void withoutALibraryOrASearchOneBoxSaysSo_data()
+    {
+        QTest::addColumn<const VisaTable *>("table");
+        QTest::addColumn<std::int32_t>("language");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("text");
+        const auto rows = [](const char *name, const VisaTable *table) {
+            QTest::addRow("%s, English", name) << table << LanguageEnglish << QStringLiteral("USB Init")
+                                               << QStringLiteral("Unable to connect to USB device！ ");
+            QTest::addRow("%s, Chinese", name)
+                << table << LanguageChinese << QStringLiteral("USB初始化") << QStringLiteral("无法连接USB设备！ ");
+        };
+        rows("no library", &AbsentVisa());
+        rows("failing search", &FailingSearchVisa());
+    }
+
+    void withoutALibraryOrASearchOneBoxSaysSo()
+    {
+        QFETCH(const VisaTable *, table);
+        QFETCH(std::int32_t, language);
+        Visa = table;
+        CurrentLanguage = language;
+        InstrumentKind = KindBefore;
+        BoxAnswers box({QMessageBox::Ok});
+        ConnectInstrument();
+        QCOMPARE(box.Shown().size(), 1);
+        QTEST(box.Shown()[0].Title, "title");
+        QTEST(box.Shown()[0].Text, "text");
+        QCOMPARE(box.Shown()[0].Icon, QMessageBox::Warning);
+        QCOMPARE(box.Shown()[0].Buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        QVERIFY(!UsbInitOk);
+        QCOMPARE(View(), NeverConnected);
+        QCOMPARE(InstrumentKind, KindBefore);
+        QCOMPARE(DeviceChoiceForm->CbDeviceList->ListCount(), 0);
+        QVERIFY(FakeVisa::State().Openings.isEmpty());
+        QCOMPARE(FakeVisa::WriteCount(), 0);
+        QCOMPARE(FakeVisa::ReadCount(), 0);
+        // Nor does the watch say anything more.
+        CheckLinkTick();
+        DisconnectInstrument();
+        QCOMPARE(box.Shown().size(), 1);
     }
 
     /// The session of a lost link stays open and may still hold a reply.

@@ -117,6 +117,23 @@ private slots:
         QCOMPARE(kv7000_control_open_sessions(), 1); // stays open
     }
 
+    /// Three times the wait for the reply and the pause behind it.
+    void aSilenceThatTakesItsTimeStaysUnconnected()
+    {
+        const BoxAnswers noBox;
+        kv7000_control_set_silent_replies(0, -1);
+        kv7000_control_set_read_wait(100);
+        QElapsedTimer clock;
+        clock.start();
+        ConnectInstrument();
+        QVERIFY(clock.elapsed() >= 3 * (100 + 50));
+        QVERIFY(!LinkUp);
+        QCOMPARE(Lines().count(QStringLiteral("*IDN?")), 3);
+        QCOMPARE(LinkText(), QStringLiteral("Unconnected"));
+        QVERIFY(m_fixture->frame.picLED_OFF->isVisible());
+        QVERIFY(!m_fixture->frame.CheckLinkTimer->isActive());
+    }
+
     void twoSwallowedRepliesAreForgiven()
     {
         const BoxAnswers noBox;

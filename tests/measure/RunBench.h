@@ -146,6 +146,16 @@ inline void PutRun(int slot, std::int32_t count, double low, double high)
     MeasureMax[slot] = ValueMax[slot] = high;
 }
 
+/// The newest sample of a slot, as a reading and as a value.
+inline double LastReading(int slot = 0)
+{
+    return MeasureWave[slot].Points.back().Y;
+}
+inline double LastValue(int slot = 0)
+{
+    return ValueWave[slot].Points.back().Y;
+}
+
 /// What the status bar says about the link.
 inline QString LinkPanel()
 {

@@ -42,6 +42,7 @@ private slots:
     void startSendsTheFunction_data();
     void startSendsTheFunction();
     void eachRunComposesItsCommandsAnew();
+    void eachRunTakesTheCommandsOfTheActiveProject();
     void functionIsSentWithTheRunMarkedAndTimerOff();
     void startForgetsAnAcceptedOverload();
     void failedSendEndsTheRun_data();
@@ -366,9 +367,40 @@ void RunStartTest::eachRunComposesItsCommandsAnew()
     bench.Form().EndLumoBtn->click();
     SensorProjects[0].MeasFunction = 9;
     QCOMPARE(FunctionCommand, QStringLiteral(":FUNCtion:VOLTage:DC"));
+    QCOMPARE(MeasureCommand, QStringLiteral(":MEASure:VOLTage:DC?"));
     bench.Form().RecordLumoBtn->click();
     QCOMPARE(FunctionCommand, QStringLiteral(":FUNCtion:FREQuency"));
+    QCOMPARE(MeasureCommand, QStringLiteral(":MEASure:FREQuency?"));
     QCOMPARE(FakeVisa::Lines(), (QByteArrayList{":FUNCtion:VOLTage:DC", ":FUNCtion:FREQuency"}));
+}
+
+void RunStartTest::eachRunTakesTheCommandsOfTheActiveProject()
+{
+    RunBench bench;
+    bench.Add(1);
+    ProjectSlots[1].CurveApplied = true;
+    SensorProjects[0].MeasFunction = 2;
+    SensorProjects[1].MeasFunction = 4;
+    const QStringList functions{QStringLiteral(":FUNCtion:CURRent:DC"), QStringLiteral(":FUNCtion:RESIstance")};
+    const QStringList measures{QStringLiteral(":MEASure:CURRent:DC?"), QStringLiteral(":MEASure:RESIstance?")};
+    QByteArrayList sent;
+    for (const int slot : {1, 0, 1}) {
+        bench.bare.frame.Children->setActiveSubWindow(&bench.Form(slot));
+        if (MeasureWave[slot].Count > 0)
+            bench.boxes.Add(QMessageBox::Yes); // its data are replaced
+        bench.Form(slot).RecordLumoBtn->click();
+        QCOMPARE(FunctionCommand, functions[slot]);
+        QCOMPARE(MeasureCommand, measures[slot]);
+        bench.Tick("1", slot);
+        bench.Form(slot).EndLumoBtn->click();
+        QVERIFY(!Measuring);
+        // Another project in front changes nothing yet.
+        bench.bare.frame.Children->setActiveSubWindow(&bench.Form(1 - slot));
+        QCOMPARE(FunctionCommand, functions[slot]);
+        QCOMPARE(MeasureCommand, measures[slot]);
+        sent << functions[slot].toLatin1() << measures[slot].toLatin1();
+    }
+    QCOMPARE(FakeVisa::Lines(), sent);
 }
 
 void RunStartTest::functionIsSentWithTheRunMarkedAndTimerOff()

@@ -1,3 +1,5 @@
+/// @file
+/// The sampling period: what its box takes, and what a new one sets.
 #include "measure/RunBench.h"
 
 #include <QApplication>

@@ -49,8 +49,10 @@ void TestSensorPropertyDone::doneChecksInOrder()
         form.Combtype->AddItem(userType);
         Click(form.OptUser);
         QVERIFY(refused(nameMissing, QMessageBox::Warning));
-        form.Txtname->setText(QString::fromUtf8(CurrentLanguage == 0 ? nameHint.English : nameHint.Chinese));
-        QVERIFY(refused(nameMissing, QMessageBox::Warning));
+        for (const char *hint : {nameHint.English, nameHint.Chinese}) {
+            form.Txtname->setText(QString::fromUtf8(hint));
+            QVERIFY(refused(nameMissing, QMessageBox::Warning));
+        }
         form.Txtname->clear();
         QVERIFY(refused(nameMissing, QMessageBox::Warning));
         Retype(form.Txtname, QStringLiteral("abcdefghij"));

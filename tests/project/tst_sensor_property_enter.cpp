@@ -73,8 +73,10 @@ void TestSensorPropertyEnter::listEnterChecksInOrder()
             Choose(form.Combtype, QStringLiteral("DCV"));
         }
         QVERIFY(refused(nameMissing));
-        form.Txtname->setText(QString::fromUtf8(CurrentLanguage == 0 ? nameHint.English : nameHint.Chinese));
-        QVERIFY(refused(nameMissing));
+        for (const char *hint : {nameHint.English, nameHint.Chinese}) {
+            form.Txtname->setText(QString::fromUtf8(hint));
+            QVERIFY(refused(nameMissing));
+        }
         form.Txtname->clear();
         QVERIFY(refused(nameMissing));
         Retype(form.Txtname, QStringLiteral("Probe"));

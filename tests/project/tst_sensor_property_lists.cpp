@@ -35,6 +35,7 @@ private slots:
     void typesOutsideTheListAreKnown();
     void outputUnitsAreFixed();
     void subTypeOfResistanceThermometerOffersStandards();
+    void standardsAreCaptionedAlikeInBothLanguages();
     void changeFromRtdToVoltageHidesItsFields();
     void optionsSwitchTheOutputUnit();
     void userUnitStaysThroughAChangeOfType();
@@ -173,6 +174,18 @@ void TestSensorPropertyLists::subTypeOfResistanceThermometerOffersStandards()
         QVERIFY(Entries(form.Comboa).isEmpty());
         QVERIFY(!form.Comboa->isVisible());
     });
+}
+
+void TestSensorPropertyLists::standardsAreCaptionedAlikeInBothLanguages()
+{
+    for (const std::int32_t language : {LanguageEnglish, LanguageChinese}) {
+        CurrentLanguage = language;
+        OpenNew([](SensorPropertyFrm &form) {
+            Choose(form.Combtype, QStringLiteral("RTD"));
+            QVERIFY(form.Labela->isVisible());
+            QCOMPARE(form.Labela->text(), QStringLiteral("ALPHA"));
+        });
+    }
 }
 
 void TestSensorPropertyLists::changeFromRtdToVoltageHidesItsFields()

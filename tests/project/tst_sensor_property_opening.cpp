@@ -40,6 +40,8 @@ private slots:
     void newStartsFromTheHint_data();
     void newStartsFromTheHint();
     void thermocoupleQuestionIsOutOfReach();
+    void keysDoNotReachTheThermocoupleQuestion_data();
+    void keysDoNotReachTheThermocoupleQuestion();
 
     void cancelKeepsProjectAndModes();
     void editOpensWithTheProject_data();
@@ -50,8 +52,11 @@ private slots:
     void editOutputUnit();
     void editInputUnit_data();
     void editInputUnit();
+    void editShowsTheFirstEntryForUnknownCodes();
     void editResistanceThermometer();
     void editMakesNoProject();
+    void editIsFinishedByEnterInAList_data();
+    void editIsFinishedByEnterInAList();
 
     void newNeedsTheLink_data();
     void newNeedsTheLink();
@@ -110,6 +115,64 @@ void TestSensorPropertyOpening::thermocoupleQuestionIsOutOfReach()
         QCOMPARE(form.OptYes->parentWidget(), form.Frame2);
         QCOMPARE(form.OptNo->parentWidget(), form.Frame2);
         QVERIFY(form.LabelbThermocouple->y() >= form.height());
+    });
+}
+
+void TestSensorPropertyOpening::keysDoNotReachTheThermocoupleQuestion_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<bool>("userUnit");
+    QTest::addColumn<QStringList>("reached"); // among others
+    for (const int key : {int(Qt::Key_Tab), int(Qt::Key_Backtab)}) {
+        const char *way = key == Qt::Key_Tab ? "forwards" : "backwards";
+        const QString common = QStringLiteral("Txtname Combtype CombInunit ComdEnter ComdCancel ");
+        const auto row = [&](const char *type, bool userUnit, const char *fields) {
+            QTest::addRow("%s, %s%s", way, type, userUnit ? ", user unit" : "")
+                << key << QString::fromLatin1(type) << userUnit
+                << (common + QString::fromLatin1(fields)).split(QLatin1Char(' '));
+        };
+        row("None", false, "CombOutunit");
+        row("DCV", true, "OptUser TxtUnit");
+        row("TC", false, "CombSubType");
+        row("RTD", false, "CombSubType Comboa TextR0");
+    }
+}
+
+/// A walk through the whole dialogue, with all arrow keys in each control that has the keyboard.
+void TestSensorPropertyOpening::keysDoNotReachTheThermocoupleQuestion()
+{
+    QFETCH(int, key);
+    QFETCH(QString, type);
+    QFETCH(bool, userUnit);
+    QFETCH(QStringList, reached);
+    const BoxAnswers none;
+    OpenNew([&](SensorPropertyFrm &form) {
+        QTRY_VERIFY(form.isActiveWindow());
+        QStringList visited;
+        const auto press = [&](int pressed) {
+            QTest::keyClick(form.focusWidget(), Qt::Key(pressed));
+            visited << form.focusWidget()->objectName();
+            return form.OptNo->isChecked() && !form.OptYes->isChecked();
+        };
+        Choose(form.Combtype, type);
+        if (userUnit)
+            Click(form.OptUser);
+        form.Txtname->setFocus();
+        for (int step = 0; step < form.findChildren<QWidget *>().size(); ++step)
+            QVERIFY(press(key));
+        for (const QString &name : reached)
+            QVERIFY2(visited.contains(name), qPrintable(name));
+        for (QWidget *control : form.findChildren<QWidget *>()) {
+            if (!visited.contains(control->objectName()))
+                continue;
+            for (const int arrow : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right}) {
+                control->setFocus();
+                QVERIFY(press(arrow));
+            }
+        }
+        for (const char *name : {"OptYes", "OptNo", "Frame2"})
+            QVERIFY2(!visited.contains(QString::fromLatin1(name)), name);
     });
 }
 
@@ -269,28 +332,75 @@ void TestSensorPropertyOpening::editOutputUnit()
 
 void TestSensorPropertyOpening::editInputUnit_data()
 {
-    QTest::addColumn<int>("measFunction");
-    QTest::addColumn<QString>("unit");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<SensorProject>("project");
     QTest::addColumn<int>("index");
-    const auto row = [](int measFunction, const char *unit, int index) {
-        QTest::addRow("%s", unit) << measFunction << QString::fromLatin1(unit) << index;
+    const auto plain = [](int kind, int measFunction, const char *unit, int index) {
+        QTest::addRow("%s of function %d on kind %d", unit, measFunction, kind)
+            << kind << PlainProject(measFunction, unit) << index;
     };
-    row(0, "V", 0);
-    row(0, "mV", 1);
-    row(2, "A", 0);
-    row(2, "mA", 1);
-    row(2, "uA", 2);
-    row(4, "ohm", 0);
-    row(5, "kohm", 1);
-    row(0, "unknown", 0);
+    plain(2, 0, "V", 0);
+    plain(2, 0, "mV", 1);
+    plain(2, 2, "A", 0);
+    plain(2, 2, "mA", 1);
+    plain(1, 2, "uA", 2);
+    plain(2, 2, "uA", 2);
+    plain(2, 4, "ohm", 0);
+    plain(2, 5, "kohm", 1);
+    plain(2, 0, "unknown", 0);
+    // By the unit's text alone. A project of frequencies is refused, so its units come with other functions only.
+    plain(2, 2, "Hz", 0);
+    plain(2, 2, "mHz", 1);
+    plain(2, 2, "kHz", 2);
+    // The list ends ahead of the unit's place.
+    plain(0, 2, "uA", 0);
+    plain(2, 0, "kHz", 0);
+    plain(2, 2, "MHz", 0);
+    const auto builtIn = [](std::uint8_t kind, const char *unit, int index) {
+        QTest::addRow("%s of built-in kind %d", unit, kind) << 2 << BuiltInProject(kind, 4, unit) << index;
+    };
+    for (const std::uint8_t kind : {BuiltInKindCode::Thermocouple, BuiltInKindCode::Rtd, BuiltInKindCode::Thermistor}) {
+        builtIn(kind, "C", 0);
+        builtIn(kind, "F", 1);
+        builtIn(kind, "K", 2);
+    }
 }
 
 void TestSensorPropertyOpening::editInputUnit()
 {
-    QFETCH(int, measFunction);
-    QFETCH(QString, unit);
-    OpenEdit(PlainProject(measFunction, qPrintable(unit)),
-             [](SensorPropertyFrm &form) { QTEST(form.CombInunit->ListIndex(), "index"); });
+    QFETCH(int, kind);
+    QFETCH(SensorProject, project);
+    QFETCH(int, index);
+    InstrumentKind = static_cast<std::int16_t>(kind);
+    const BoxAnswers none;
+    OpenEdit(project, [index](SensorPropertyFrm &form) { QCOMPARE(form.CombInunit->ListIndex(), index); });
+}
+
+/// As a damaged project can have them.
+void TestSensorPropertyOpening::editShowsTheFirstEntryForUnknownCodes()
+{
+    const BoxAnswers none;
+    SensorProject rtd = BuiltInProject(BuiltInKindCode::Rtd, 4, "C");
+    rtd.RtdCode = 9;
+    OpenEdit(rtd, [](SensorPropertyFrm &form) {
+        QCOMPARE(form.Combtype->Text(), QStringLiteral("RTD"));
+        QCOMPARE(form.Comboa->ListIndex(), 0);
+        QCOMPARE(form.Comboa->Text(), QStringLiteral("Pt385"));
+    });
+    SensorProject thermocouple = BuiltInProject(BuiltInKindCode::Thermocouple, 0, "C");
+    thermocouple.TcLetterCode = 9;
+    OpenEdit(thermocouple, [](SensorPropertyFrm &form) {
+        QCOMPARE(form.Combtype->Text(), QStringLiteral("TC"));
+        QCOMPARE(form.CombSubType->ListIndex(), 0);
+        QCOMPARE(form.CombSubType->Text(), QStringLiteral("B"));
+    });
+    SensorProject thermistor = BuiltInProject(BuiltInKindCode::Thermistor, 4, "C");
+    thermistor.ThermistorOhms = 9;
+    OpenEdit(thermistor, [](SensorPropertyFrm &form) {
+        QCOMPARE(form.Combtype->Text(), QStringLiteral("THERM"));
+        QCOMPARE(form.CombSubType->ListIndex(), 0);
+        QCOMPARE(form.CombSubType->Text(), QStringLiteral("2.2K"));
+    });
 }
 
 void TestSensorPropertyOpening::editResistanceThermometer()
@@ -324,6 +434,26 @@ void TestSensorPropertyOpening::editMakesNoProject()
     QVERIFY(!NewProjectMode);
     QCOMPARE(ProjectForm[0]->EditDataView->LineCount(), 1);
     QVERIFY(ReferenceTable[0][1].Used);
+}
+
+void TestSensorPropertyOpening::editIsFinishedByEnterInAList_data()
+{
+    QTest::addColumn<QString>("list");
+    for (const char *list : {"Combtype", "CombInunit", "CombOutunit"})
+        QTest::newRow(list) << QString::fromLatin1(list);
+}
+
+void TestSensorPropertyOpening::editIsFinishedByEnterInAList()
+{
+    QFETCH(QString, list);
+    const BoxAnswers none;
+    OpenEdit(PlainProject(4, "kohm", "kg"), [&list](SensorPropertyFrm &form) {
+        QTest::keyClick(form.findChild<ListCombo *>(list), Qt::Key_Return);
+        QVERIFY(!form.isVisible());
+    });
+    QVERIFY(!EditProjectMode);
+    QVERIFY(!NewProjectMode);
+    QCOMPARE(int(ProjectCount), 1);
 }
 
 void TestSensorPropertyOpening::newNeedsTheLink_data()

@@ -71,6 +71,7 @@ private slots:
     void outputUnitFromTheList();
     void outputUnitFromTheUser();
     void outputUnitOfABuiltInSensorIsItsInputUnit();
+    void builtInSensorKeepsTheMarkOfAUserUnit();
     void thermocoupleOption();
     void nameCodes_data();
     void nameCodes();
@@ -296,6 +297,24 @@ void TestSensorRecord::outputUnitOfABuiltInSensorIsItsInputUnit()
         FillSensorProject(form, project, 2);
         QCOMPARE(project.InputUnit, QStringLiteral("F"));
         QCOMPARE(project.OutputUnit, QStringLiteral("F"));
+    }
+}
+
+/// The mark follows the option, though the options are hidden then and the unit is not the user's.
+void TestSensorRecord::builtInSensorKeepsTheMarkOfAUserUnit()
+{
+    for (const char *type : {"TC", "RTD", "THERM"}) {
+        SensorPropertyFrm form;
+        FillControls(form, QString::fromLatin1(type), {}, QStringLiteral("F"));
+        form.OptUser->setChecked(true);
+        form.TxtUnit->setText(QStringLiteral("xy"));
+        SensorProject project = OldRecord();
+        FillSensorProject(form, project, 2);
+        QCOMPARE(project.OutputUnit, QStringLiteral("F"));
+        QCOMPARE(int(project.OutputUnitIsUser), 1);
+        form.OptDefault->setChecked(true);
+        FillSensorProject(form, project, 2);
+        QCOMPARE(int(project.OutputUnitIsUser), 0);
     }
 }
 

@@ -160,6 +160,42 @@ constexpr Item items[] = {
     {"mnuPopEditDataExport", "Export", "", false},
 };
 
+/// A menu and its entries in order, submenus by their own names.
+struct Menu {
+    const char *Name;
+    const char *Entries;
+};
+
+constexpr Menu menus[] = {
+    {"mnuFile", "mnuFileNew mnuFileOpen mnuFileBar0 mnuFileSave mnuFileSaveAs mnuFileSaveAllProject "
+                "mnuFileCloseAllProjects mnuFileBar1 mnuFilePrint mnuFilePrintPreview mnuFilePageSetup mnuFileBar3 "
+                "mnuFileExit"},
+    {"mnuEdit", "mnuEditUndo mnuEditRedo mnuEditCut mnuEditCopy mnuEditPaste mnuEditDelete"},
+    {"mnuView", "mnuViewToolbar mnuViewStatusBar mnuViewBar0 mnuViewProjectWindow mnuViewGrid mnuViewZoomIn "
+                "mnuViewZoomOut mnuViewZoomNot"},
+    {"mnuSettings", "mnuSettingsSensorOption mnuSettingsArithmeticSetting mnuSettingsUserDefine mnuSettingsIO "
+                    "mnuSettingsCommand"},
+    {"mnuTools", "mnuToolsConnect mnuToolsDisconnect mnuToolsBar0 mnuToolsSensorOption mnuToolsRun mnuToolsStop "
+                 "mnuToolsDisableSensor mnuToolsBar1 mnuToolsEnableSensor"},
+    {"mnuWindow", "mnuWindowCascade mnuWindowTileHorizontal mnuWindowTileVertical mnuWindowArrangeIcons"},
+    {"mnuHelp", "mnuHelpContents mnuHelpBar0 mnuHelpAbout mnuHelpBar1 mnuHelpLanguage"},
+    {"mnuHelpLanguage", "mnuHelpLang_Chinese mnuHelpLang_English"},
+    {"mnuPopEditData", "mnuPopEditDataAdd mnuPopEditDataChange mnuPopEditDataDelete mnuPopEditDataDeleteAll "
+                       "mnuPopEditDataApply mnuPopEditDataExport"},
+};
+
+/// Hidden separators whose place within their menu is free.
+const QStringList freeSeparators{QStringLiteral("mnuEditBar0"), QStringLiteral("mnuEditBar1"),
+                                 QStringLiteral("mnuViewBar1"), QStringLiteral("mnuViewBar2")};
+
+QStringList EntriesOf(const QWidget &menu)
+{
+    QStringList names;
+    for (const QAction *entry : menu.actions())
+        names.append(entry->menu() != nullptr ? entry->menu()->objectName() : entry->objectName());
+    return names;
+}
+
 } // namespace
 
 class ControlNamesTest : public QObject {
@@ -169,8 +205,12 @@ private slots:
     void every_control_has_its_name_and_kind_data();
     void every_control_has_its_name_and_kind();
     void every_page_button_is_found_by_member_too();
-    void menus_stand_in_order_with_caption_and_sight_data();
-    void menus_stand_in_order_with_caption_and_sight();
+    void menus_have_caption_and_sight_data();
+    void menus_have_caption_and_sight();
+    void the_menu_bar_stands_in_order();
+    void the_items_of_a_menu_stand_in_order_data();
+    void the_items_of_a_menu_stand_in_order();
+    void every_item_stands_in_one_menu();
     void items_have_caption_key_and_sight_data();
     void items_have_caption_key_and_sight();
     void keys_of_what_is_out_of_sight_are_dead_data();
@@ -214,44 +254,72 @@ void ControlNamesTest::every_page_button_is_found_by_member_too()
     QCOMPARE(form.findChild<QTimer *>(QStringLiteral("Timer2")), form.Timer2);
 }
 
-void ControlNamesTest::menus_stand_in_order_with_caption_and_sight_data()
+void ControlNamesTest::menus_have_caption_and_sight_data()
 {
-    QTest::addColumn<int>("place");
-    QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("caption");
     QTest::addColumn<bool>("shown");
-    QTest::newRow("mnuFile") << 0 << "mnuFile"
-                             << "&File" << true;
-    QTest::newRow("mnuEdit") << 1 << "mnuEdit"
-                             << "&Edit" << false;
-    QTest::newRow("mnuView") << 2 << "mnuView"
-                             << "&View" << true;
-    QTest::newRow("mnuSettings") << 3 << "mnuSettings"
-                                 << "&Settings" << false;
-    QTest::newRow("mnuTools") << 5 << "mnuTools"
-                              << "&Tools" << true;
-    QTest::newRow("mnuWindow") << 6 << "mnuWindow"
-                               << "&Window" << true;
-    QTest::newRow("mnuHelp") << 7 << "mnuHelp"
-                             << "&Help" << true;
-    QTest::newRow("mnuHelpLanguage") << -1 << "mnuHelpLanguage"
-                                     << "&Language" << true;
-    QTest::newRow("mnuPopEditData") << -1 << "mnuPopEditData"
-                                    << "EditDataPopMenu" << true;
+    const auto row = [](const char *name, const char *caption, bool shown) {
+        QTest::newRow(name) << QString::fromLatin1(caption) << shown;
+    };
+    row("mnuFile", "&File", true);
+    row("mnuEdit", "&Edit", false);
+    row("mnuView", "&View", true);
+    row("mnuSettings", "&Settings", false);
+    row("mnuTools", "&Tools", true);
+    row("mnuWindow", "&Window", true);
+    row("mnuHelp", "&Help", true);
+    row("mnuHelpLanguage", "&Language", true);
+    row("mnuPopEditData", "EditDataPopMenu", true);
 }
 
-void ControlNamesTest::menus_stand_in_order_with_caption_and_sight()
+void ControlNamesTest::menus_have_caption_and_sight()
 {
-    QFETCH(const int, place);
-    QFETCH(const QString, name);
     QFETCH(const QString, caption);
     QFETCH(const bool, shown);
     const MainFrm frame;
-    const auto *menu = frame.findChild<QMenu *>(name);
+    const auto *menu = frame.findChild<QMenu *>(QString::fromLatin1(QTest::currentDataTag()));
     QVERIFY(menu != nullptr);
     QCOMPARE(menu->title(), caption);
     QCOMPARE(menu->menuAction()->isVisible(), shown);
-    QCOMPARE(frame.menuBar()->actions().indexOf(menu->menuAction()), place);
+}
+
+void ControlNamesTest::the_menu_bar_stands_in_order()
+{
+    const MainFrm frame;
+    QCOMPARE(EntriesOf(*frame.menuBar()).join(u' '),
+             QStringLiteral("mnuFile mnuEdit mnuView mnuSettings mnuLibrary mnuTools mnuWindow mnuHelp"));
+}
+
+void ControlNamesTest::the_items_of_a_menu_stand_in_order_data()
+{
+    QTest::addColumn<QString>("entries");
+    for (const Menu &menu : menus)
+        QTest::newRow(menu.Name) << QString::fromLatin1(menu.Entries);
+}
+
+void ControlNamesTest::the_items_of_a_menu_stand_in_order()
+{
+    const MainFrm frame;
+    const auto *menu = frame.findChild<QMenu *>(QString::fromLatin1(QTest::currentDataTag()));
+    QVERIFY(menu != nullptr);
+    QStringList entries = EntriesOf(*menu);
+    for (const QString &separator : freeSeparators)
+        entries.removeAll(separator);
+    QTEST(entries.join(u' '), "entries");
+}
+
+void ControlNamesTest::every_item_stands_in_one_menu()
+{
+    const MainFrm frame;
+    QStringList entries = EntriesOf(*frame.menuBar());
+    for (const Menu &menu : menus)
+        entries += EntriesOf(*frame.findChild<QMenu *>(QString::fromLatin1(menu.Name)));
+    for (const Item &item : items)
+        QVERIFY2(entries.count(QString::fromLatin1(item.Name)) == 1, item.Name);
+    const QStringList edit = EntriesOf(*frame.mnuEdit);
+    QVERIFY(edit.contains(freeSeparators[0]) && edit.contains(freeSeparators[1]));
+    const QStringList view = EntriesOf(*frame.mnuView);
+    QVERIFY(view.contains(freeSeparators[2]) && view.contains(freeSeparators[3]));
 }
 
 void ControlNamesTest::items_have_caption_key_and_sight_data()
@@ -280,10 +348,6 @@ void ControlNamesTest::items_have_caption_key_and_sight()
     QCOMPARE(item->text(), caption);
     QCOMPARE(item->shortcut().toString(QKeySequence::PortableText), key);
     QCOMPARE(item->isVisible(), shown);
-    // Each item belongs to the menu that its name begins with.
-    const auto *menu = qobject_cast<QMenu *>(item->associatedObjects().value(0));
-    if (menu != nullptr && menu->objectName() != QStringLiteral("mnuHelpLanguage"))
-        QVERIFY(item->objectName().startsWith(menu->objectName()));
 }
 
 void ControlNamesTest::keys_of_what_is_out_of_sight_are_dead_data()

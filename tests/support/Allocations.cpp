@@ -1,3 +1,7 @@
+/// @file
+/// The operators new and delete of a test's process, which ask a rule before they give memory.
+/// @file
+/// The operators new and delete of a test program, which ask the rule of Allocations.h.
 #include "support/Allocations.h"
 
 #include <cstdlib>

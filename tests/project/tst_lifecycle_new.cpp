@@ -1,97 +1,30 @@
 /// @file
-/// The life of a project: what New sets, which slot and node it takes, and every way in which a window closes.
-#include "controls/Guard.h"
-#include "display/ProjectViewModule.h"
-#include "project/LifecycleModule.h"
-#include "project/SensorPropertyFrm.h"
-#include "shell/ActiveProject.h"
-#include "shell/ProjectSheetFrm.h"
-#include "shell/ProjectTreeModule.h"
-#include "support/BareFrame.h"
-#include "support/BoxAnswer.h"
+/// A new project: what New sets, which slot it takes, and where its node stands in the tree.
+#include "project/LifecycleBench.h"
 
 #include <QSignalSpy>
 
-#include <memory>
-
-using Buttons = QList<QMessageBox::StandardButton>;
+#include <functional>
+#include <optional>
 
 namespace {
 
-constexpr auto Ok = QMessageBox::Ok;
-constexpr auto Cancel = QMessageBox::Cancel;
-
-void Show(ListCombo *list, const QString &text)
+QStringList ColumnTitles(const SensorProjFrm &form)
 {
-    list->ClearList();
-    list->AddItem(text);
-    list->SetListIndex(0);
-}
-
-/// A dialogue as it is left on Done, for a voltage in mV that stands for kPa.
-void FillDialogue(SensorPropertyFrm &dialogue)
-{
-    dialogue.Txtname->setText(QStringLiteral("Probe"));
-    Show(dialogue.Combtype, QStringLiteral("DCV"));
-    Show(dialogue.CombInunit, QStringLiteral("mV"));
-    Show(dialogue.CombOutunit, QStringLiteral("kPa"));
-}
-
-void MakeProject()
-{
-    SensorPropertyFrm dialogue;
-    FillDialogue(dialogue);
-    NewProject(dialogue);
-}
-
-void MakeProjects(int count)
-{
-    for (int i = 0; i < count; ++i)
-        MakeProject();
-}
-
-/// Closes the window of a slot without a question.
-void CloseSilently(int slot)
-{
-    ClosingAll = true;
-    ProjectForm[slot]->close();
-    ClosingAll = false;
-}
-
-QString RunQuestion()
-{
-    return CurrentLanguage == 0
-               ? QStringLiteral("测量正在运行，当操作前会停止测量并移除此工程! ")
-               : QStringLiteral("Measuring is running, the action will stop and remove this project! ");
-}
-
-QString RemoveQuestion()
-{
-    return CurrentLanguage == 0 ? QStringLiteral("当前操作会移除此工程! ")
-                                : QStringLiteral("The action will remove this project!");
-}
-
-QString RemoveAllQuestion()
-{
-    return CurrentLanguage == 0 ? QStringLiteral("当前操作会移除所有工程! ")
-                                : QStringLiteral("The action will remove all projects! ");
-}
-
-void AddLanguages()
-{
-    QTest::addColumn<int>("language");
-    QTest::newRow("English") << 1;
-    QTest::newRow("Chinese") << 0;
+    QStringList titles;
+    for (int column = 1; column <= 5; ++column)
+        titles << form.EditDataView->ColumnTitle(column);
+    return titles;
 }
 
 } // namespace
 
-class TestLifecycle : public QObject {
+class TestLifecycleNew : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { m_bench.emplace(); }
+    void cleanup() { m_bench.reset(); }
 
     void newTakesTheFirstSlot();
     void newFillsTheSensor();
@@ -107,6 +40,7 @@ private slots:
     void newUsesTheWindowThatIsThere();
     void newReportsAPendingError();
     void newEnablesTheCommands();
+    void newLeavesTheTimerOfAnotherWindowAlone();
     void windowIsConnectedWhileItIsStillHidden();
     void tenProjectsAreTheLimit_data();
     void tenProjectsAreTheLimit();
@@ -117,53 +51,32 @@ private slots:
     void treeShowsTheProjects();
     void hiddenTreeGetsNoNode();
 
-    void closingAsks_data();
-    void closingAsks();
-    void closingDuringARunAsks_data();
-    void closingDuringARunAsks();
-    void closingDuringARunAsksWhileAllClose();
-    void closingIsSilentWhileAllClose();
-    void closedSlotKeepsItsOldContents();
-    void closingReleasesTheDrawingSurfaces();
-    void closingTheLastProjectDisablesTheCommands();
-    void closedSlotIsTakenAnew();
-
-    void closeAllAsksOnce_data();
-    void closeAllAsksOnce();
-    void closeAllCancelledKeepsAll();
-    void closeAllWithoutProjectAsksNothing();
-    void closeAllKeepsARefusedRun();
-
 private:
-    /// Shows the tree as the frame does when it loads.
-    void ShowTree()
+    using Look = std::function<void(const SensorProjFrm &)>;
+
+    /// Makes a project and looks at its window while a box is up: behind what New itself writes, ahead of the language
+    /// tables.
+    void MakeProjectAndLook(const Look &look)
     {
-        ProjectSheet = new ProjectSheetFrm(&m_frame->frame);
-        LoadProjectSheet();
-        ProjectPanelVisible = true;
+        ProjectPanelVisible = true; // without a tree that could take the node: an error, which New tells in the box
+        bool looked = false;
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, &poll, [&] {
+            if (looked || QApplication::activeModalWidget() == nullptr)
+                return;
+            looked = true;
+            look(*ProjectForm[0]);
+        });
+        poll.start(0);
+        const BoxAnswers answers({Ok});
+        MakeProject();
+        QVERIFY(looked);
     }
 
-    std::unique_ptr<BareFrame> m_frame;
+    std::optional<LifecycleBench> m_bench;
 };
 
-void TestLifecycle::init()
-{
-    m_frame = std::make_unique<BareFrame>();
-    ResetProjectTreeModule();
-    connect(&m_frame->frame, &MainFrm::ProjectWindowMade, &m_frame->frame, [](SensorProjFrm *form) {
-        ConnectLifecycle(*form);
-        ConnectProjectView(*form);
-    });
-    InstrumentKind = 2;
-}
-
-void TestLifecycle::cleanup()
-{
-    m_frame.reset();
-    ResetProjectTreeModule();
-}
-
-void TestLifecycle::newTakesTheFirstSlot()
+void TestLifecycleNew::newTakesTheFirstSlot()
 {
     MakeProject();
     QVERIFY(ProjectOccupied[0]);
@@ -179,7 +92,7 @@ void TestLifecycle::newTakesTheFirstSlot()
     QCOMPARE(ActiveSlot(), 0);
 }
 
-void TestLifecycle::newFillsTheSensor()
+void TestLifecycleNew::newFillsTheSensor()
 {
     MakeProject();
     const SensorProject &project = SensorProjects[0];
@@ -191,7 +104,7 @@ void TestLifecycle::newFillsTheSensor()
     QVERIFY(!project.IsBuiltInSensor);
 }
 
-void TestLifecycle::newGivesTheWindowItsDefaults()
+void TestLifecycleNew::newGivesTheWindowItsDefaults()
 {
     MakeProject();
     const SensorProjFrm &form = *ProjectForm[0];
@@ -227,7 +140,7 @@ void TestLifecycle::newGivesTheWindowItsDefaults()
     QCOMPARE(form.LabYUnit->text(), QStringLiteral("Y:  kPa"));
 }
 
-void TestLifecycle::newSetsTheColumnTitles_data()
+void TestLifecycleNew::newSetsTheColumnTitles_data()
 {
     QTest::addColumn<int>("language");
     QTest::addColumn<QStringList>("titles");
@@ -241,49 +154,37 @@ void TestLifecycle::newSetsTheColumnTitles_data()
                                             QStringLiteral("是否分段点? ")};
 }
 
-void TestLifecycle::newSetsTheColumnTitles()
+/// By itself, ahead of the window's own table, which writes them once more.
+void TestLifecycleNew::newSetsTheColumnTitles()
 {
     QFETCH(int, language);
     QFETCH(QStringList, titles);
     CurrentLanguage = language;
-    MakeProject();
-    QStringList shown;
-    for (int column = 1; column <= 5; ++column)
-        shown << ProjectForm[0]->EditDataView->ColumnTitle(column);
-    QCOMPARE(shown, titles);
+    QStringList under;
+    MakeProjectAndLook([&under](const SensorProjFrm &form) { under = ColumnTitles(form); });
+    QCOMPARE(under, titles);
+    QCOMPARE(ColumnTitles(*ProjectForm[0]), titles);
 }
 
-void TestLifecycle::newSetsTheButtonCaptions_data()
+void TestLifecycleNew::newSetsTheButtonCaptions_data()
 {
     AddLanguages();
 }
 
 /// The captions that New sets by itself are replaced by the window's own table at its end, which runs last.
-void TestLifecycle::newSetsTheButtonCaptions()
+void TestLifecycleNew::newSetsTheButtonCaptions()
 {
     QFETCH(int, language);
     CurrentLanguage = language;
     const bool chinese = language == 0;
-    SensorPropertyFrm dialogue;
-    FillDialogue(dialogue);
-    // An error raises a box in the midst of it, while New's own captions are still shown.
-    Show(dialogue.Combtype, QStringLiteral("RTD"));
-    dialogue.TextR0->setText(QStringLiteral("1e300"));
     QStringList captions;
-    QTimer poll;
-    connect(&poll, &QTimer::timeout, &poll, [&captions] {
-        if (!captions.isEmpty() || QApplication::activeModalWidget() == nullptr)
-            return;
-        const SensorProjFrm &form = *ProjectForm[0];
+    MakeProjectAndLook([&captions](const SensorProjFrm &form) {
         for (const LumoButton *button :
              {form.RecordLumoBtn, form.EndLumoBtn, form.ReplayLumoBtn, form.PauseLumoBtn, form.StopLumoBtn,
               form.LowLumoBtn, form.FastLumoBtn, form.ColorLumoBtn, form.ZoominHLumoBtn, form.ZoomInVLumoBtn,
               form.ZoomOutHLumoBtn, form.ZoomOutVLumoBtn})
             captions << button->Caption();
     });
-    poll.start(0);
-    const BoxAnswers answers({Ok});
-    NewProject(dialogue);
     const QStringList english = {QStringLiteral("Start"),  QStringLiteral("End"),           QStringLiteral("Replay"),
                                  QStringLiteral("Pause"),  QStringLiteral("Stop"),          QStringLiteral("/ 2"),
                                  QStringLiteral("× 2"),    QStringLiteral("Color Setting"), QStringLiteral("Zoomin"),
@@ -298,7 +199,7 @@ void TestLifecycle::newSetsTheButtonCaptions()
     QCOMPARE(ProjectForm[0]->RecordLumoBtn->Caption(), chinese ? QStringLiteral("开始测量") : QStringLiteral("Start"));
 }
 
-void TestLifecycle::newResetsTheWaves()
+void TestLifecycleNew::newResetsTheWaves()
 {
     for (WaveRecord *record : {&ValueWave[0], &MeasureWave[0]}) {
         record->Points.resize(7);
@@ -342,7 +243,7 @@ void TestLifecycle::newResetsTheWaves()
     QCOMPARE(MeasureWave[0].YUnitText, QStringLiteral("mV"));
 }
 
-void TestLifecycle::newClearsRowsAndCurve()
+void TestLifecycleNew::newClearsRowsAndCurve()
 {
     PutRow(0, 1, 1.5, 2.5, true, 1);
     PutRow(0, 500, 3.5, 4.5);
@@ -361,7 +262,7 @@ void TestLifecycle::newClearsRowsAndCurve()
     QCOMPARE(curve.BackColor, ProjectForm[0]->PicRef->BackColour);
 }
 
-void TestLifecycle::newForgetsTheFile()
+void TestLifecycleNew::newForgetsTheFile()
 {
     ProjectSlots[0].HasFile = true;
     ProjectSlots[0].Dirty = true;
@@ -376,7 +277,7 @@ void TestLifecycle::newForgetsTheFile()
     QVERIFY(!ProjectSlots[0].CurveApplied);
 }
 
-void TestLifecycle::newDisablesTheTableOfABuiltInSensor()
+void TestLifecycleNew::newDisablesTheTableOfABuiltInSensor()
 {
     SensorPropertyFrm dialogue;
     FillDialogue(dialogue);
@@ -386,12 +287,12 @@ void TestLifecycle::newDisablesTheTableOfABuiltInSensor()
     QVERIFY(!ProjectForm[0]->EditDataView->isEnabled());
 }
 
-void TestLifecycle::newUsesTheWindowThatIsThere()
+void TestLifecycleNew::newUsesTheWindowThatIsThere()
 {
     auto *form = new SensorProjFrm;
-    m_frame->frame.Children->addSubWindow(form);
+    m_bench->frame.Children->addSubWindow(form);
     ProjectForm[0] = form;
-    QSignalSpy made(&m_frame->frame, &MainFrm::ProjectWindowMade);
+    QSignalSpy made(&m_bench->frame, &MainFrm::ProjectWindowMade);
     MakeProject();
     QCOMPARE(ProjectForm[0], form);
     QCOMPARE(form->Tag, QStringLiteral("0"));
@@ -399,7 +300,7 @@ void TestLifecycle::newUsesTheWindowThatIsThere()
     QVERIFY(!form->Timer1->isActive());
 }
 
-void TestLifecycle::newReportsAPendingError()
+void TestLifecycleNew::newReportsAPendingError()
 {
     SensorPropertyFrm dialogue;
     FillDialogue(dialogue);
@@ -412,12 +313,12 @@ void TestLifecycle::newReportsAPendingError()
     QCOMPARE(int(ProjectCount), 1);
     QCOMPARE(int(ProjectNodeCount), 1);
     QVERIFY(ProjectForm[0]->isVisible());
-    QVERIFY(m_frame->frame.mnuFileSave->isEnabled());
+    QVERIFY(m_bench->frame.mnuFileSave->isEnabled());
 }
 
-void TestLifecycle::newEnablesTheCommands()
+void TestLifecycleNew::newEnablesTheCommands()
 {
-    const MainFrm &frame = m_frame->frame;
+    const MainFrm &frame = m_bench->frame;
     frame.mnuFileCloseAllProjects->setEnabled(false);
     frame.ToolBarButton(QStringLiteral("TileVertical"))->setEnabled(false);
     MakeProject();
@@ -425,10 +326,25 @@ void TestLifecycle::newEnablesTheCommands()
     QVERIFY(frame.ToolBarButton(QStringLiteral("TileVertical"))->isEnabled());
 }
 
-void TestLifecycle::windowIsConnectedWhileItIsStillHidden()
+/// Another project may be measured meanwhile.
+void TestLifecycleNew::newLeavesTheTimerOfAnotherWindowAlone()
+{
+    MakeProject();
+    QTimer &timer = *ProjectForm[0]->Timer1;
+    timer.setInterval(2500);
+    timer.start();
+    const int id = timer.timerId();
+    MakeProject();
+    QVERIFY(timer.isActive());
+    QCOMPARE(timer.timerId(), id); // not even restarted
+    QCOMPARE(timer.interval(), 2500);
+    QVERIFY(!ProjectForm[1]->Timer1->isActive());
+}
+
+void TestLifecycleNew::windowIsConnectedWhileItIsStillHidden()
 {
     int made = 0;
-    connect(&m_frame->frame, &MainFrm::ProjectWindowMade, this, [&made](const SensorProjFrm *form) {
+    connect(&m_bench->frame, &MainFrm::ProjectWindowMade, this, [&made](const SensorProjFrm *form) {
         ++made;
         QVERIFY(!form->isVisible());
         QCOMPARE(form->Tag, QStringLiteral("0"));
@@ -439,12 +355,12 @@ void TestLifecycle::windowIsConnectedWhileItIsStillHidden()
     QCOMPARE(made, 1);
 }
 
-void TestLifecycle::tenProjectsAreTheLimit_data()
+void TestLifecycleNew::tenProjectsAreTheLimit_data()
 {
     AddLanguages();
 }
 
-void TestLifecycle::tenProjectsAreTheLimit()
+void TestLifecycleNew::tenProjectsAreTheLimit()
 {
     QFETCH(int, language);
     CurrentLanguage = language;
@@ -468,10 +384,10 @@ void TestLifecycle::tenProjectsAreTheLimit()
     QCOMPARE(int(CurrentNewSlot), 9);
     for (const SensorProject &project : SensorProjects)
         QCOMPARE(project.SensorName, QStringLiteral("Probe"));
-    QCOMPARE(int(m_frame->frame.Children->subWindowList().size()), 10);
+    QCOMPARE(int(m_bench->frame.Children->subWindowList().size()), 10);
 }
 
-void TestLifecycle::newTakesTheLowestFreeSlot()
+void TestLifecycleNew::newTakesTheLowestFreeSlot()
 {
     MakeProjects(4);
     CloseSilently(2);
@@ -488,7 +404,7 @@ void TestLifecycle::newTakesTheLowestFreeSlot()
     QCOMPARE(int(ProjectCount), 5);
 }
 
-void TestLifecycle::nodesFollowEachOther()
+void TestLifecycleNew::nodesFollowEachOther()
 {
     MakeProjects(10);
     for (int slot = 0; slot < 10; ++slot)
@@ -496,7 +412,7 @@ void TestLifecycle::nodesFollowEachOther()
 }
 
 /// Three projects, the middle one closed, and New.
-void TestLifecycle::nodeOfALowerSlotStandsLast()
+void TestLifecycleNew::nodeOfALowerSlotStandsLast()
 {
     MakeProjects(3);
     CloseSilently(1);
@@ -509,9 +425,9 @@ void TestLifecycle::nodeOfALowerSlotStandsLast()
 }
 
 /// Project-1 and Project-2, Project-1 closed, and New.
-void TestLifecycle::firstProjectTakenAgainStandsLast()
+void TestLifecycleNew::firstProjectTakenAgainStandsLast()
 {
-    ShowTree();
+    m_bench->ShowTree();
     MakeProjects(2);
     CloseSilently(0);
     QCOMPARE(int(ProjectSlots[1].NodeIndex), 2);
@@ -523,9 +439,9 @@ void TestLifecycle::firstProjectTakenAgainStandsLast()
     QCOMPARE(ProjectSheet->NodeAt(6)->text(0), QStringLiteral("Project-1"));
 }
 
-void TestLifecycle::treeShowsTheProjects()
+void TestLifecycleNew::treeShowsTheProjects()
 {
-    ShowTree();
+    m_bench->ShowTree();
     MakeProjects(2);
     QCOMPARE(ProjectSheet->NodeCount(), 9);
     const QStringList pages = {QStringLiteral("Reference Curve"), QStringLiteral("Edit Data"),
@@ -542,9 +458,9 @@ void TestLifecycle::treeShowsTheProjects()
     QCOMPARE(ProjectSheet->NodeAt(2)->text(0), QStringLiteral("Project-2"));
 }
 
-void TestLifecycle::hiddenTreeGetsNoNode()
+void TestLifecycleNew::hiddenTreeGetsNoNode()
 {
-    ShowTree();
+    m_bench->ShowTree();
     ProjectPanelVisible = false;
     MakeProject();
     QCOMPARE(ProjectSheet->NodeCount(), 1);
@@ -552,236 +468,5 @@ void TestLifecycle::hiddenTreeGetsNoNode()
     QCOMPARE(int(ProjectSlots[0].NodeIndex), 2);
 }
 
-void TestLifecycle::closingAsks_data()
-{
-    AddLanguages();
-}
-
-void TestLifecycle::closingAsks()
-{
-    QFETCH(int, language);
-    CurrentLanguage = language;
-    MakeProject();
-    const QPointer<SensorProjFrm> form = ProjectForm[0];
-    QSignalSpy ended(form, &SensorProjFrm::EndRunAsked);
-    {
-        BoxAnswers answers({Cancel});
-        QVERIFY(!form->close());
-        QCOMPARE(answers.Texts(), QStringList{RemoveQuestion()});
-        QCOMPARE(answers.Shown().front().Title, QStringLiteral("Ostrakon"));
-        QCOMPARE(answers.Shown().front().Buttons, QMessageBox::Ok | QMessageBox::Cancel);
-    }
-    QVERIFY(form->isVisible());
-    QCOMPARE(ProjectForm[0], form.data());
-    QCOMPARE(int(ProjectCount), 1);
-    QVERIFY(ProjectOccupied[0]);
-    {
-        BoxAnswers answers({Ok});
-        QVERIFY(form->close());
-        QCOMPARE(answers.Texts(), QStringList{RemoveQuestion()});
-    }
-    QCOMPARE(ended.count(), 0);
-    QVERIFY(ProjectForm[0] == nullptr);
-    QVERIFY(!ProjectOccupied[0]);
-    QCOMPARE(int(ProjectCount), 0);
-    QCOMPARE(int(ProjectNodeCount), 0);
-    QTRY_VERIFY(form.isNull());
-    QVERIFY(m_frame->frame.Children->subWindowList().isEmpty());
-}
-
-void TestLifecycle::closingDuringARunAsks_data()
-{
-    AddLanguages();
-}
-
-void TestLifecycle::closingDuringARunAsks()
-{
-    QFETCH(int, language);
-    CurrentLanguage = language;
-    MakeProject();
-    SensorProjFrm *form = ProjectForm[0];
-    form->EndLumoBtn->setEnabled(true);
-    PutRow(0, 1, 1.0, 2.0);
-    int ended = 0;
-    connect(form, &SensorProjFrm::EndRunAsked, form, [&ended] {
-        ++ended;
-        QVERIFY(ProjectOccupied[0]); // ahead of anything that is taken down
-        QCOMPARE(ProjectSlots[0].ProjectName, QStringLiteral("Project-1"));
-    });
-    {
-        BoxAnswers answers({Cancel});
-        QVERIFY(!form->close());
-        QCOMPARE(answers.Texts(), QStringList{RunQuestion()});
-        QCOMPARE(answers.Shown().front().Title, QStringLiteral("Warning"));
-        QCOMPARE(answers.Shown().front().Buttons, QMessageBox::Ok | QMessageBox::Cancel);
-    }
-    QCOMPARE(ended, 0);
-    QVERIFY(form->isVisible());
-    QVERIFY(form->EndLumoBtn->isEnabled());
-    QVERIFY(ReferenceTable[0][1].Used);
-    QCOMPARE(int(ProjectCount), 1);
-    {
-        BoxAnswers answers({Ok});
-        QVERIFY(form->close());
-        QCOMPARE(answers.Texts(), QStringList{RunQuestion()});
-    }
-    QCOMPARE(ended, 1);
-    QCOMPARE(int(ProjectCount), 0);
-}
-
-void TestLifecycle::closingDuringARunAsksWhileAllClose()
-{
-    MakeProject();
-    ProjectForm[0]->EndLumoBtn->setEnabled(true);
-    ClosingAll = true;
-    BoxAnswers answers({Cancel});
-    QVERIFY(!ProjectForm[0]->close());
-    QCOMPARE(answers.Texts(), QStringList{RunQuestion()});
-    QCOMPARE(int(ProjectCount), 1);
-}
-
-void TestLifecycle::closingIsSilentWhileAllClose()
-{
-    MakeProject();
-    const BoxAnswers none;
-    ClosingAll = true;
-    QVERIFY(ProjectForm[0]->close());
-    QCOMPARE(int(ProjectCount), 0);
-}
-
-void TestLifecycle::closedSlotKeepsItsOldContents()
-{
-    MakeProject();
-    ProjectSlots[0].FilePath = QStringLiteral("/some/file.spj");
-    ProjectSlots[0].HasFile = true;
-    ProjectSlots[0].CurveApplied = true;
-    PutRow(0, 1, 1.5, 2.5, true, 1);
-    PutRow(0, 500, 3.5, 4.5);
-    CloseSilently(0);
-    QCOMPARE(ProjectSlots[0].ProjectName, QString());
-    QVERIFY(!ProjectSlots[0].CurveApplied);
-    QCOMPARE(LastUsedRow(0), 0);
-    QCOMPARE(ProjectSlots[0].FilePath, QStringLiteral("/some/file.spj"));
-    QVERIFY(ProjectSlots[0].HasFile);
-    QCOMPARE(int(ProjectSlots[0].ChildCount), 3);
-    QCOMPARE(SensorProjects[0].SensorName, QStringLiteral("Probe"));
-    QCOMPARE(SensorProjects[0].InputUnit, QStringLiteral("mV"));
-    QCOMPARE(ReferenceTable[0][1].Input, 1.5);
-    QCOMPARE(ReferenceTable[0][1].Output, 2.5);
-    QVERIFY(ReferenceTable[0][1].Segment);
-    QCOMPARE(int(ReferenceTable[0][1].Arithmetic), 1);
-}
-
-void TestLifecycle::closingReleasesTheDrawingSurfaces()
-{
-    const int before = LiveSurfaceObjects();
-    MakeProject();
-    SensorProjFrm &form = *ProjectForm[0];
-    for (const int page : {1, 3}) {
-        form.TabStrip->SelectTab(page);
-        SwitchProjectPage(0, page);
-        ResizeProjectView(form);
-    }
-    QVERIFY(ReferenceCurves[0].MemoryDC != 0);
-    QVERIFY(ValueWave[0].MemoryDcB != 0);
-    QVERIFY(MeasureWave[0].MemoryDcA != 0);
-    CloseSilently(0);
-    QCOMPARE(ReferenceCurves[0].MemoryDC, 0);
-    QCOMPARE(ReferenceCurves[0].MemoryBitmap, 0);
-    for (const WaveRecord *record : {&ValueWave[0], &MeasureWave[0]}) {
-        QCOMPARE(record->MemoryDcA, 0);
-        QCOMPARE(record->MemoryBitmapA, 0);
-        QCOMPARE(record->MemoryDcB, 0);
-        QCOMPARE(record->MemoryBitmapB, 0);
-    }
-    QCOMPARE(LiveSurfaceObjects(), before);
-}
-
-void TestLifecycle::closingTheLastProjectDisablesTheCommands()
-{
-    const MainFrm &frame = m_frame->frame;
-    MakeProjects(2);
-    CloseSilently(1);
-    QVERIFY(frame.mnuFileCloseAllProjects->isEnabled());
-    QVERIFY(frame.ToolBarButton(QStringLiteral("CasadeWindows"))->isEnabled());
-    CloseSilently(0);
-    QVERIFY(!frame.mnuFileCloseAllProjects->isEnabled());
-    QVERIFY(!frame.ToolBarButton(QStringLiteral("CasadeWindows"))->isEnabled());
-}
-
-void TestLifecycle::closedSlotIsTakenAnew()
-{
-    MakeProject();
-    const QPointer<SensorProjFrm> old = ProjectForm[0];
-    ProjectSlots[0].FilePath = QStringLiteral("/some/file.spj");
-    CloseSilently(0);
-    MakeProject();
-    QVERIFY(ProjectForm[0] != old.data());
-    QCOMPARE(ProjectSlots[0].FilePath, QString());
-    QTRY_VERIFY(old.isNull());
-    QVERIFY(ProjectForm[0] != nullptr);
-    QVERIFY(ProjectForm[0]->isVisible());
-    QCOMPARE(ActiveSlot(), 0);
-    QCOMPARE(int(m_frame->frame.Children->subWindowList().size()), 1);
-}
-
-void TestLifecycle::closeAllAsksOnce_data()
-{
-    AddLanguages();
-}
-
-void TestLifecycle::closeAllAsksOnce()
-{
-    QFETCH(int, language);
-    CurrentLanguage = language;
-    MakeProjects(4);
-    CloseSilently(1);
-    BoxAnswers answers({Ok});
-    CloseAllProjects();
-    QCOMPARE(answers.Texts(), QStringList{RemoveAllQuestion()});
-    QCOMPARE(answers.Shown().front().Title, QStringLiteral("Warning"));
-    QCOMPARE(answers.Shown().front().Buttons, QMessageBox::Ok | QMessageBox::Cancel);
-    QCOMPARE(int(ProjectCount), 0);
-    QCOMPARE(int(ProjectNodeCount), 0);
-    for (int slot = 0; slot < 10; ++slot) {
-        QVERIFY(!ProjectOccupied[slot]);
-        QVERIFY(ProjectForm[slot] == nullptr);
-    }
-    QVERIFY(!ClosingAll);
-}
-
-void TestLifecycle::closeAllCancelledKeepsAll()
-{
-    MakeProjects(2);
-    BoxAnswers answers({Cancel});
-    CloseAllProjects();
-    QCOMPARE(answers.Texts(), QStringList{RemoveAllQuestion()});
-    QCOMPARE(int(ProjectCount), 2);
-    QVERIFY(!ClosingAll);
-}
-
-void TestLifecycle::closeAllWithoutProjectAsksNothing()
-{
-    const BoxAnswers none;
-    CloseAllProjects();
-    QVERIFY(!ClosingAll);
-}
-
-void TestLifecycle::closeAllKeepsARefusedRun()
-{
-    MakeProjects(3);
-    ProjectForm[1]->EndLumoBtn->setEnabled(true);
-    BoxAnswers answers({Ok, Cancel});
-    CloseAllProjects();
-    const QStringList asked = {RemoveAllQuestion(), RunQuestion()};
-    QCOMPARE(answers.Texts(), asked);
-    QVERIFY(!ClosingAll);
-    QCOMPARE(int(ProjectCount), 1);
-    QVERIFY(ProjectOccupied[1]);
-    QCOMPARE(ProjectSlots[1].ProjectName, QStringLiteral("Project-2"));
-    QVERIFY(ProjectForm[1]->isVisible());
-    QVERIFY(ProjectForm[1]->EndLumoBtn->isEnabled());
-}
-
-QTEST_MAIN(TestLifecycle)
-#include "tst_lifecycle.moc"
+QTEST_MAIN(TestLifecycleNew)
+#include "tst_lifecycle_new.moc"
