@@ -1,13 +1,12 @@
 #include "controls/ListCombo.h"
 
+#include "controls/KeyCodes.h"
 #include "platform/RuntimeError.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
 namespace {
-
-constexpr int EnterKey = 13;
 
 bool IsEnter(const QKeyEvent &event)
 {

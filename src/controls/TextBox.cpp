@@ -1,5 +1,7 @@
 #include "controls/TextBox.h"
 
+#include "controls/KeyCodes.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -12,9 +14,6 @@
 
 namespace {
 
-constexpr int BackspaceKey = 8;
-constexpr int EnterKey = 13;
-constexpr int PasteKey = 22;
 constexpr char32_t FirstPrintable = 0x20;
 constexpr char32_t DeleteCharacter = 0x7F;
 

@@ -1,5 +1,7 @@
 #include "curve/EditDataFrm.h"
 
+#include "controls/FormDesign.h"
+
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -7,14 +9,6 @@
 namespace {
 
 constexpr int RowPage = 10; ///< rows that a click beside the thumb of HScroll1 moves
-
-template <typename Widget, typename... Arguments>
-Widget *Named(const char *name, Arguments &&...arguments)
-{
-    auto *widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "controls/Boxes.h"
 #include "controls/Guard.h"
+#include "controls/KeyCodes.h"
 #include "curve/EditDataFrm.h"
 #include "curve/ReferenceListModule.h"
 #include "curve/ReferenceRows.h"
@@ -28,8 +29,6 @@
 
 namespace {
 
-constexpr int BackspaceKey = 8;
-constexpr int EnterKey = 13;
 constexpr int LastAsciiKey = 127;
 constexpr int ValueLengthLimit = 12;   ///< characters
 constexpr float SmallestValue = 1E-9F; ///< magnitude of a value other than 0

@@ -1,6 +1,6 @@
 #include "display/SensorProjFrm.h"
 
-#include "platform/Measures.h"
+#include "controls/FormDesign.h"
 
 #include <QCloseEvent>
 #include <QFocusEvent>
@@ -17,22 +17,6 @@ constexpr int GridColumns = 5;
 const QString FrameStyle =
     QStringLiteral("QGroupBox { border: 1px solid palette(mid); border-radius: 2px; margin-top: 6px; }"
                    "QGroupBox::title { subcontrol-origin: margin; left: 6px; padding: 0px 2px; }");
-
-template <typename Widget, typename... Arguments>
-Widget *Named(const char *name, Arguments &&...arguments)
-{
-    auto *widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
-
-/// Position and size in twips, as the form is designed.
-template <typename Widget>
-Widget *Placed(Widget *widget, int left, int top, int width, int height)
-{
-    widget->setGeometry(PixelsFromTwips(left), PixelsFromTwips(top), PixelsFromTwips(width), PixelsFromTwips(height));
-    return widget;
-}
 
 QGroupBox *NewFrame(const char *name, const char *caption, QWidget *parent)
 {

@@ -2,6 +2,7 @@
 
 #include "controls/Boxes.h"
 #include "controls/Guard.h"
+#include "controls/KeyCodes.h"
 #include "curve/CurveModule.h"
 #include "curve/lintab/Lintab.h"
 #include "display/SensorProjFrm.h"
@@ -36,8 +37,6 @@ constexpr std::int32_t ShortestPeriod = 1000; // ms
 constexpr std::int32_t LongestPeriod = 60000; // ms
 constexpr std::int32_t PeriodStep = 100;      // ms
 constexpr int PeriodTextLength = 4;           // characters
-constexpr int BackspaceKey = 8;
-constexpr int EnterKey = 13;
 
 /// A refusal of StartMeasurement. @return false
 bool Refuse(const QString &english, const QString &chinese)

@@ -1,6 +1,6 @@
 #include "project/SensorPropertyFrm.h"
 
-#include "platform/Measures.h"
+#include "controls/FormDesign.h"
 
 #include <QButtonGroup>
 
@@ -8,19 +8,6 @@ namespace {
 
 constexpr int ClientWidth = 6000;  // twips
 constexpr int ClientHeight = 3435; // twips
-
-template <typename Widget, typename... Arguments>
-Widget *Named(const char *name, Arguments &&...arguments)
-{
-    auto *widget = new Widget(std::forward<Arguments>(arguments)...);
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
-
-void Place(QWidget *widget, int left, int top, int width, int height)
-{
-    widget->setGeometry(PixelsFromTwips(left), PixelsFromTwips(top), PixelsFromTwips(width), PixelsFromTwips(height));
-}
 
 } // namespace
 
@@ -71,30 +58,30 @@ void SensorPropertyFrm::MakeControls()
 
 void SensorPropertyFrm::PlaceControls()
 {
-    Place(LabName, 150, 150, 1350, 330);
-    Place(Txtname, 1500, 150, 2700, 330);
-    Place(LabType, 150, 600, 1350, 330);
-    Place(Combtype, 1500, 600, 1500, 330);
-    Place(LabelSubType, 3150, 600, 1050, 330);
-    Place(CombSubType, 4200, 600, 1650, 330);
-    Place(LabInUnit, 150, 1050, 1350, 330);
-    Place(CombInunit, 1500, 1050, 1500, 330);
-    Place(Labela, 3150, 1050, 1050, 330);
-    Place(Comboa, 4200, 1050, 1650, 330);
-    Place(LabOutUnit, 150, 1500, 1350, 330);
-    Place(CombOutunit, 1500, 1500, 1500, 330);
-    Place(TxtUnit, 1500, 1500, 1500, 330);
-    Place(LabelParameter, 3150, 1500, 1050, 330);
-    Place(TextR0, 4200, 1500, 1650, 330);
-    Place(OptDefault, 1500, 1950, 1800, 330);
-    Place(OptUser, 1500, 2280, 1800, 330);
-    Place(ComdEnter, 1500, 2850, 1350, 420);
-    Place(ComdCancel, 3150, 2850, 1350, 420);
+    Placed(LabName, 150, 150, 1350, 330);
+    Placed(Txtname, 1500, 150, 2700, 330);
+    Placed(LabType, 150, 600, 1350, 330);
+    Placed(Combtype, 1500, 600, 1500, 330);
+    Placed(LabelSubType, 3150, 600, 1050, 330);
+    Placed(CombSubType, 4200, 600, 1650, 330);
+    Placed(LabInUnit, 150, 1050, 1350, 330);
+    Placed(CombInunit, 1500, 1050, 1500, 330);
+    Placed(Labela, 3150, 1050, 1050, 330);
+    Placed(Comboa, 4200, 1050, 1650, 330);
+    Placed(LabOutUnit, 150, 1500, 1350, 330);
+    Placed(CombOutunit, 1500, 1500, 1500, 330);
+    Placed(TxtUnit, 1500, 1500, 1500, 330);
+    Placed(LabelParameter, 3150, 1500, 1050, 330);
+    Placed(TextR0, 4200, 1500, 1650, 330);
+    Placed(OptDefault, 1500, 1950, 1800, 330);
+    Placed(OptUser, 1500, 2280, 1800, 330);
+    Placed(ComdEnter, 1500, 2850, 1350, 420);
+    Placed(ComdCancel, 3150, 2850, 1350, 420);
     // Required: the thermocouple question lies below the dialogue's lower edge, and nothing brings it up.
-    Place(LabelbThermocouple, 150, 6240, 1350, 330);
-    Place(Frame2, 1500, 6240, 2700, 450);
-    Place(OptYes, 60, 60, 1200, 330);
-    Place(OptNo, 1320, 60, 1200, 330);
+    Placed(LabelbThermocouple, 150, 6240, 1350, 330);
+    Placed(Frame2, 1500, 6240, 2700, 450);
+    Placed(OptYes, 60, 60, 1200, 330);
+    Placed(OptNo, 1320, 60, 1200, 330);
     for (QWidget *hidden :
          std::initializer_list<QWidget *>{LabelSubType, CombSubType, Labela, Comboa, LabelParameter, TextR0, TxtUnit})
         hidden->hide();

@@ -2,6 +2,7 @@
 
 #include "controls/Boxes.h"
 #include "controls/Guard.h"
+#include "controls/KeyCodes.h"
 #include "curve/ReferenceListModule.h"
 #include "platform/NumberText.h"
 #include "project/LifecycleModule.h"
@@ -15,8 +16,6 @@
 
 namespace {
 
-constexpr int BackspaceKey = 8;
-constexpr int EnterKey = 13;
 constexpr int NameLimit = 9;      ///< characters of a name
 constexpr int ListNameLimit = 20; ///< the same when the dialogue is finished by Enter in a list
 constexpr int UnitLimit = 2;      ///< characters of a free output unit
