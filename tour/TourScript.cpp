@@ -1,10 +1,13 @@
 #include "tour/TourScript.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPixmap>
 #include <QScreen>
 #include <QTimer>
+#include <QWidget>
+#include <QWindow>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -12,6 +15,21 @@ namespace {
 constexpr int PollInterval = 25; // ms
 constexpr int StepLimit = 30000; // ms that a condition may take
 constexpr int SettlePause = 150; // ms after an act: the screen draws, a person looks
+
+QWidgetList ShownWindows()
+{
+    QWidgetList windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget *window) { return !window->isVisible() || !window->windowHandle(); });
+    return windows;
+}
+
+/// Every window that is shown has come up on the screen.
+bool AllOnScreen()
+{
+    const QWidgetList windows = ShownWindows();
+    return std::all_of(windows.begin(), windows.end(),
+                       [](const QWidget *window) { return window->windowHandle()->isExposed(); });
+}
 
 } // namespace
 
@@ -22,7 +40,8 @@ void TourScript::Add(const QString &name, Condition ready, Act act)
 
 void TourScript::AddPicture(const QString &name, Condition ready)
 {
-    Add(name, std::move(ready), [this, name] { TakePicture(name); });
+    Add(
+        name, [ready = std::move(ready)] { return ready() && AllOnScreen(); }, [this, name] { TakePicture(name); });
 }
 
 void TourScript::Start()
@@ -53,6 +72,9 @@ void TourScript::Poll(std::size_t index, int waited)
 
 void TourScript::TakePicture(const QString &name)
 {
+    // A window that has just come up would be caught empty.
+    for (QWidget *window : ShownWindows())
+        window->repaint();
     ++m_pictures;
     const QString file =
         QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(m_pictures, 2, 10, QLatin1Char('0')).arg(name);
