@@ -26,7 +26,7 @@ constexpr int FindBufferSize = 1024; // VISA asks for at least 256
 /// "%t" reads up to the end of the message and knows no width, so the library writes whatever the instrument sends. The
 /// buffer takes far more than any instrument can send within a time-out; pages that nothing is written to cost no
 /// memory.
-constexpr std::size_t ReadBufferSize = 64 * 1024 * 1024;
+constexpr std::size_t ReadBufferSize = std::size_t{64} * 1024 * 1024;
 
 struct FreeMemory {
     void operator()(char *memory) const { std::free(memory); }
