@@ -1,16 +1,10 @@
 #include "controls/Boxes.h"
 
-#include <QApplication>
+#include "controls/ActiveTop.h"
+
 #include <QMessageBox>
 
 namespace {
-
-QWidget *ActiveTop()
-{
-    if (QWidget *modal = QApplication::activeModalWidget())
-        return modal;
-    return QApplication::activeWindow();
-}
 
 /// Shows a box until it is answered; closing it is the escape button.
 int ShowBox(QMessageBox::Icon icon, const QString &text, const QString &title, QMessageBox::StandardButtons buttons,

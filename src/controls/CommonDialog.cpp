@@ -1,8 +1,8 @@
 #include "controls/CommonDialog.h"
 
+#include "controls/ActiveTop.h"
 #include "platform/RuntimeError.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -34,13 +34,6 @@ int FilterIndexOf(const FilterPairs &pairs, const QString &chosen)
 {
     const qsizetype full = pairs.NameFilters.indexOf(chosen);
     return static_cast<int>(full >= 0 ? full : pairs.Texts.indexOf(chosen)) + 1;
-}
-
-QWidget *ActiveTop()
-{
-    if (QWidget *modal = QApplication::activeModalWidget())
-        return modal;
-    return QApplication::activeWindow();
 }
 
 } // namespace

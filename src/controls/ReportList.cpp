@@ -76,6 +76,11 @@ QString ReportList::LineText(int line, int column) const
     return CheckedLine(*this, line).text(CheckedColumn(*this, column));
 }
 
+void ReportList::SetLineText(int line, int column, const QString &text)
+{
+    CheckedLine(*this, line).setText(CheckedColumn(*this, column), text);
+}
+
 bool ReportList::LineSelected(int line) const
 {
     return CheckedLine(*this, line).isSelected();

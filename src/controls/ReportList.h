@@ -24,6 +24,7 @@ public:
     void AddLines(const std::vector<QStringList> &lines);
     int LineCount() const { return topLevelItemCount(); }
     QString LineText(int line, int column) const;
+    void SetLineText(int line, int column, const QString &text);
 
     bool LineSelected(int line) const;
     /// A line that is selected also becomes the current one; the others keep their state.
