@@ -1,17 +1,24 @@
 #include "display/SensorProjFrm.h"
 
 #include "controls/FormDesign.h"
+#include "controls/SystemMenuTexts.h"
+#include "platform/Measures.h"
 
 #include <QCloseEvent>
 #include <QFocusEvent>
 #include <QMdiArea>
+#include <QMouseEvent>
+#include <QStyleOptionTitleBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr int FrameFontPixels = 11; // the frames are narrow: 75 pixels
 constexpr int GridColumns = 5;
+constexpr int DesignedWidth = 12495; // twips, frame and title included
+constexpr int DesignedHeight = 10285;
 
 /// The caption of a frame stands in its upper edge, so that the first row of controls lies inside.
 const QString FrameStyle =
@@ -51,6 +58,7 @@ SensorProjFrm::SensorProjFrm()
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("SensorProjFrm"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/project.svg")));
+    new SystemMenuTexts(this);
     Client = Named<QWidget>("Client");
     setWidget(Client);
     Client->setMinimumSize(0, 0);
@@ -78,6 +86,11 @@ SensorProjFrm::~SensorProjFrm()
     // A window that goes while it is shown hands its activation on after this.
     if (mdiArea())
         disconnect(mdiArea(), nullptr, this, nullptr);
+}
+
+QSize SensorProjFrm::sizeHint() const
+{
+    return {PixelsFromTwips(DesignedWidth), PixelsFromTwips(DesignedHeight)};
 }
 
 void SensorProjFrm::MakeReferencePage()
@@ -223,6 +236,46 @@ void SensorProjFrm::focusInEvent(QFocusEvent *event)
     QWidget *control = Client->focusWidget();
     if (event->reason() == Qt::ActiveWindowFocusReason && control != nullptr)
         control->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+void SensorProjFrm::mousePressEvent(QMouseEvent *event)
+{
+    m_grip.reset();
+    if (isMinimized() && event->button() == Qt::LeftButton && OnTitle(event->position().toPoint()))
+        m_grip = event->position().toPoint();
+    QMdiSubWindow::mousePressEvent(event);
+}
+
+// The toolkit moves no minimised window. It stays within the area, where it can be found again.
+void SensorProjFrm::mouseMoveEvent(QMouseEvent *event)
+{
+    QMdiSubWindow::mouseMoveEvent(event);
+    if (!m_grip || !isMinimized() || !(event->buttons() & Qt::LeftButton))
+        return;
+    const QPoint place = mapToParent(event->position().toPoint()) - *m_grip;
+    const QSize room = parentWidget()->size() - size();
+    move(std::clamp(place.x(), 0, std::max(room.width(), 0)), std::clamp(place.y(), 0, std::max(room.height(), 0)));
+}
+
+// Nor does the toolkit restore a minimised window that it does not move.
+void SensorProjFrm::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (isMinimized() && event->button() == Qt::LeftButton && OnTitle(event->position().toPoint())) {
+        showNormal();
+        return;
+    }
+    QMdiSubWindow::mouseDoubleClickEvent(event);
+}
+
+/// Whether a point lies on the title bar, beside its buttons.
+bool SensorProjFrm::OnTitle(QPoint point) const
+{
+    QStyleOptionTitleBar bar;
+    bar.initFrom(this);
+    bar.titleBarFlags = windowFlags();
+    bar.titleBarState = static_cast<int>(windowState());
+    bar.subControls = QStyle::SC_All;
+    return style()->hitTestComplexControl(QStyle::CC_TitleBar, &bar, point, this) == QStyle::SC_TitleBarLabel;
 }
 
 bool SensorProjFrm::eventFilter(QObject *watched, QEvent *event)

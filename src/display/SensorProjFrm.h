@@ -18,6 +18,8 @@
 #include <QRadioButton>
 #include <QTimer>
 
+#include <optional>
+
 /// Owns its controls and its two timers and nothing else. It finds its project by the slot number in Tag.
 class SensorProjFrm : public QMdiSubWindow {
     Q_OBJECT
@@ -25,6 +27,9 @@ class SensorProjFrm : public QMdiSubWindow {
 public:
     SensorProjFrm();
     ~SensorProjFrm() override;
+
+    /// The designed size: the window's normal one until the user gives it another.
+    QSize sizeHint() const override;
 
     QString Tag;     ///< slot number as text; empty until the window has a project
     QWidget *Client; ///< holds all controls; its size is the window's content
@@ -98,6 +103,9 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -109,5 +117,7 @@ private:
     void MakeTimePictures();
     void MakeTimers();
     void FollowActivation(const QMdiSubWindow *now);
+    bool OnTitle(QPoint point) const;
     bool m_active = false;
+    std::optional<QPoint> m_grip; ///< where the mouse holds the title bar of the minimised window
 };
