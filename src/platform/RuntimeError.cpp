@@ -19,6 +19,8 @@ QString ErrorDescription(int number)
         return QStringLiteral("File not found");
     case ErrorNumber::FileAlreadyOpen:
         return QStringLiteral("File already open");
+    case ErrorNumber::DeviceError:
+        return QStringLiteral("Device I/O error");
     case ErrorNumber::DiskFull:
         return QStringLiteral("Disk full");
     case ErrorNumber::InputPastEnd:
@@ -31,6 +33,8 @@ QString ErrorDescription(int number)
         return QStringLiteral("No object");
     case ErrorNumber::PortClosed:
         return QStringLiteral("The port is closed");
+    case ErrorNumber::NoViewer:
+        return QStringLiteral("No program opens this kind of file");
     case ErrorNumber::Cancelled:
         return QStringLiteral("Cancelled");
     default:

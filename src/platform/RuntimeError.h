@@ -19,12 +19,14 @@ inline constexpr int DivisionByZero = 11;
 inline constexpr int TypeMismatch = 13;
 inline constexpr int FileNotFound = 53;
 inline constexpr int FileAlreadyOpen = 55;
+inline constexpr int DeviceError = 57;
 inline constexpr int DiskFull = 61;
 inline constexpr int InputPastEnd = 62;
 inline constexpr int PermissionDenied = 70;
 inline constexpr int PathNotFound = 76;
 inline constexpr int NoObject = 91;
 inline constexpr int PortClosed = 8018;
+inline constexpr int NoViewer = 32751;
 inline constexpr int Cancelled = 32755;
 } // namespace ErrorNumber
 

@@ -1,5 +1,8 @@
 #include "shell/LanguageTables.h"
 
+// Required to the letter, blanks at the ends and odd words ("Casade", "Please choice") included: tables and manual
+// agree. Nobody should repair them.
+
 namespace {
 
 constexpr CaptionRow toolBarToolTips[] = {
@@ -15,7 +18,7 @@ constexpr CaptionRow toolBarToolTips[] = {
     {"Help", "Help", "帮助"},
 };
 
-constexpr CaptionRow frameCaptions[] = {
+constexpr CaptionRow frameMenuCaptions[] = {
     {"mnuFile", "&File", "文件"},
     {"mnuFileNew", "&New Project...", "新建工程..."},
     {"mnuFileOpen", "&Open Project...", "打开工程..."},
@@ -52,12 +55,27 @@ constexpr CaptionRow frameCaptions[] = {
     {"mnuHelpLanguage", "&Language", "语言设置"},
     {"mnuHelpLang_Chinese", "&Chinese", "中文"},
     {"mnuHelpLang_English", "&English", "英文"},
-    {"mnuPopEditDataAdd", "Add...", "添加..."},
-    {"mnuPopEditDataChange", "Modify...", "修改..."},
-    {"mnuPopEditDataDelete", "Delete", "删除"},
-    {"mnuPopEditDataDeleteAll", "Delete All", "删除所有"},
-    {"mnuPopEditDataApply", "Apply", "应用"},
-    {"mnuPopEditDataExport", "Export", "导出"},
+};
+
+constexpr CaptionRow gridMenuCaptions[] = {
+    {"mnuPopEditDataAdd", "Add...", "添加..."}, {"mnuPopEditDataChange", "Modify...", "修改..."},
+    {"mnuPopEditDataDelete", "Delete", "删除"}, {"mnuPopEditDataDeleteAll", "Delete All", "删除所有"},
+    {"mnuPopEditDataApply", "Apply", "应用"},   {"mnuPopEditDataExport", "Export", "导出"},
+};
+
+constexpr CaptionRow treeMenuCaptions[] = {
+    {"mnuNewProject", "&New Project...", "新建工程..."},
+    {"mnuOpenProject", "&Open Project...", "打开工程..."},
+    {"mnuSaveProject", "&Save Project", "保存工程"},
+    {"mnuSaveProjectAs", "Sa&ve Project As...", "另存工程为..."},
+    {"mnuSaveAllProjects", "Save &All Projects", "保存所有工程"},
+    {"mnuRename", "&Rename", "重命名"},
+    {"mnuCloseProject", "&Close Project", "关闭工程"},
+    {"mnuCloseAllProjects", "Close All &Projects", "关闭所有工程"},
+    {"mnuPop2NewProject", "&New Project...", "新建工程..."},
+    {"mnuPop2OpenProject", "&Open Project...", "打开工程..."},
+    {"mnuPop2SaveAllProjects", "Save &All Projects", "保存所有工程"},
+    {"mnuPop2CloseAllProjects", "Close All &Projects", "关闭所有工程"},
 };
 
 constexpr CaptionRow deviceChoiceCaptions[] = {
@@ -99,6 +117,7 @@ constexpr CaptionRow editDataCaptions[] = {
 };
 
 constexpr CaptionRow sensorPropertyCaptions[] = {
+    {"", "Sensor Property", "传感器属性"},
     {"LabName", "Sensor name", "名称"},
     {"Txtname", "<Input sensor name here>", "<输入传感器名称>"},
     {"LabType", "Sensor type", "类型"},
@@ -115,7 +134,45 @@ constexpr CaptionRow sensorPropertyCaptions[] = {
     {"OptNo", "No", "否"},
 };
 
+constexpr CaptionRow refColourCaptions[] = {
+    {"", "Color Setting", "颜色设置"},
+    {"GridFrame", "Grid Color", "网格颜色"},
+    {"AbscissaFrame", "Abscissa Color", "横坐标颜色"},
+    {"OrdinateFrame", "Ordinate Color", "纵坐标颜色"},
+    {"SegmentFrame", "Segment Dot Color", "分段点颜色"},
+    {"LineDotFrame", "Line Dot Color", "线性点颜色"},
+    {"LeastDotFrame", "Least Dot Color", "二乘法点颜色"},
+    {"ComCancel", "Cancel", "取消"},
+    {"ComOK", "OK", "确定"},
+    {"ComApply", "Apply", "应用"},
+};
+
+constexpr CaptionRow waveColourCaptions[] = {
+    {"", "Color Setting", "颜色设置"},
+    {"GridFrame", "Grid Color", "网格颜色"},
+    {"AbscissaFrame", "Abscissa Color", "横坐标颜色"},
+    {"OrdinateFrame", "Ordinate Color", "纵坐标颜色"},
+    {"ComCancel", "Cancel", "取消"},
+    {"ComOK", "OK", "确定"},
+    {"ComApply", "Apply", "应用"},
+};
+
+constexpr CaptionRow sendProjectCaptions[] = {
+    {"", "Send Project", "发送工程"},
+    {"InforFrame", "Information", "信息"},
+    {"LabLenTitle", "Data Length", "数据长度"},
+    {"LabNameTitle", "Sensor Name", "传感器名称"},
+    {"LabTypeTitle", "Sensor Type", "传感器类型"},
+    {"LabUnitTitle", "Sensor Unit", "传感器单位"},
+    {"ComCancel", "Cancel", "取消"},
+    {"ComSend", "Send", "发送"},
+};
+
 } // namespace
+
+const CaptionRow HelpFileName = {"HelpFile", "/Ostrakon Help_EN.chm", "/Ostrakon Help.chm"};
+const CaptionRow ProjectSheetCaption = {"ProjectSheetFrm", "Project", "工程"};
+const CaptionRow ProjectRootCaption = {"ProjectSheetTree", "Project Group", "工程组"};
 
 const CaptionRow TabCaptions[3] = {
     {"TabStrip", "Reference Curve", "传感器参考曲线"},
@@ -130,18 +187,28 @@ const CaptionRow GridColumnTitles[3] = {
 };
 
 const CaptionRow GridUnitTitle = {"EditDataView", "Unit: ", "单位： "};
-const CaptionRow ProjectSheetCaption = {"ProjectSheetFrm", "Project", "工程"};
-const CaptionRow ProjectRootCaption = {"ProjectSheetTree", "Project Group", "工程组"};
-const CaptionRow SensorPropertyTitle = {"SensorPropertyFrm", "Sensor Property", "传感器属性"};
+// Required: the two dialogues differ in English only.
+const CaptionRow Wave1DotCaption = {"DotFrame", "Dot Color", "点颜色"};
+const CaptionRow Wave2DotCaption = {"DotFrame", "Measure Dot Color", "点颜色"};
 
 std::span<const CaptionRow> ToolBarToolTips()
 {
     return toolBarToolTips;
 }
 
-std::span<const CaptionRow> FrameCaptions()
+std::span<const CaptionRow> FrameMenuCaptions()
 {
-    return frameCaptions;
+    return frameMenuCaptions;
+}
+
+std::span<const CaptionRow> GridMenuCaptions()
+{
+    return gridMenuCaptions;
+}
+
+std::span<const CaptionRow> TreeMenuCaptions()
+{
+    return treeMenuCaptions;
 }
 
 std::span<const CaptionRow> DeviceChoiceCaptions()
@@ -162,4 +229,19 @@ std::span<const CaptionRow> EditDataCaptions()
 std::span<const CaptionRow> SensorPropertyCaptions()
 {
     return sensorPropertyCaptions;
+}
+
+std::span<const CaptionRow> RefColourCaptions()
+{
+    return refColourCaptions;
+}
+
+std::span<const CaptionRow> WaveColourCaptions()
+{
+    return waveColourCaptions;
+}
+
+std::span<const CaptionRow> SendProjectCaptions()
+{
+    return sendProjectCaptions;
 }

@@ -1,5 +1,6 @@
 #include "shell/MainFrm.h"
 
+#include "controls/MenuDesign.h"
 #include "platform/Measures.h"
 
 #include <QCloseEvent>
@@ -16,21 +17,7 @@ namespace {
 
 constexpr int IndicatorSize = 16; // pixels
 
-struct MenuItem {
-    QAction *MainFrm::*Action;
-    const char *Name;
-    const char *Caption; ///< nullptr for a separator
-    const char *Key = "";
-    bool Shown = true;
-    bool Checked = false; ///< has a check mark, set at start
-};
-
-struct MenuTitle {
-    QMenu *MainFrm::*Menu;
-    const char *Name;
-    const char *Caption;
-    bool Shown = true;
-};
+using MenuItem = MenuItemOf<MainFrm>;
 
 using M = MainFrm;
 
@@ -141,26 +128,6 @@ constexpr ToolBarItem toolBarItems[] = {
     {"Help", "Help", "help"},
 };
 
-template <std::size_t Count>
-void FillMenu(MainFrm &frame, QMenu *menu, const MenuItem (&items)[Count])
-{
-    for (const MenuItem &item : items) {
-        QAction *action = item.Caption ? menu->addAction(QString::fromUtf8(item.Caption)) : menu->addSeparator();
-        action->setObjectName(QString::fromLatin1(item.Name));
-        action->setMenuRole(QAction::NoRole);
-        action->setVisible(item.Shown);
-        // The keys of hidden items and of the items of hidden menus are dead: the toolkit looks at what is in sight
-        // only.
-        if (*item.Key)
-            action->setShortcut(QKeySequence(QString::fromLatin1(item.Key)));
-        if (item.Checked) {
-            action->setCheckable(true);
-            action->setChecked(true);
-        }
-        frame.*item.Action = action;
-    }
-}
-
 QMenu *NewMenu(MainFrm &frame, const char *name, const char *caption, bool shown)
 {
     QMenu *menu = frame.menuBar()->addMenu(QString::fromUtf8(caption));
@@ -264,14 +231,17 @@ void MainFrm::MakeToolBar()
     tbToolBar->setMovable(false);
     tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
     tbToolBar->setIconSize(QSize(24, 24));
+    imlToolbarIcons = new ImageList(this);
+    imlToolbarIcons->setObjectName(QStringLiteral("imlToolbarIcons"));
     for (const ToolBarItem &item : toolBarItems) {
         if (!item.Key) {
             tbToolBar->addSeparator();
             continue;
         }
         const QString key = QString::fromLatin1(item.Key);
-        QAction *button = tbToolBar->addAction(
-            QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(item.Picture))), QString());
+        imlToolbarIcons->Add(imlToolbarIcons->Count() + 1, key,
+                             QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(item.Picture))));
+        QAction *button = tbToolBar->addAction(imlToolbarIcons->Image(key), QString());
         button->setObjectName(key);
         button->setToolTip(QString::fromLatin1(item.ToolTip));
         connect(button, &QAction::triggered, this, [this, key] { emit ToolBarButtonClick(key); });

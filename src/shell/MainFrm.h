@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/CommonDialog.h"
+#include "controls/ImageList.h"
 #include "controls/SerialControl.h"
 #include "controls/StatusPanels.h"
 #include "controls/TabDock.h"
@@ -27,7 +28,8 @@ public:
 
     QMdiArea *Children; ///< holds the project windows
     QToolBar *tbToolBar;
-    StatusPanels *sbrStatus; ///< panels: status, link ("ConnectStatus"), date, time
+    ImageList *imlToolbarIcons; ///< the toolbar's pictures, by the keys of its buttons
+    StatusPanels *sbrStatus;    ///< panels: status, link ("ConnectStatus"), date, time
     ::TabDock *TabDock;
     QLabel *picLED_ON; ///< link indicators, two pictures over the status bar at one place
     QLabel *picLED_OFF;

@@ -9,8 +9,6 @@
 #include "shell/ProjectSheetFrm.h"
 #include "shell/SystemStatus.h"
 
-#include <QIcon>
-
 ProjectSheetFrm *ProjectSheet = nullptr;
 QTreeWidget *ProjectTree = nullptr;
 QTreeWidgetItem *RootNode = nullptr;
@@ -21,9 +19,14 @@ namespace {
 
 constexpr int FirstProjectIndex = 2; // the root stands ahead of all projects
 
-QIcon Picture(const char *name)
+// Places in the tree's image list.
+constexpr int GroupPicture = 1;
+constexpr int ProjectPicture = 2;
+constexpr int PagePicture = 6;
+
+void SetPicture(QTreeWidgetItem &node, int picture)
 {
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(name)));
+    node.setIcon(0, ProjectSheet->imlTree->Image(picture));
 }
 
 QString PageCaption(int slot, int tab)
@@ -41,10 +44,10 @@ QTreeWidgetItem *NewProjectNode(int slot)
     if (RootNode == nullptr)
         throw RuntimeError(ErrorNumber::NoObject);
     auto *project = new QTreeWidgetItem(RootNode, {ProjectSlots[slot].ProjectName});
-    project->setIcon(0, Picture("project"));
+    SetPicture(*project, ProjectPicture);
     for (int tab = 1; tab <= ProjectSlots[slot].ChildCount; ++tab) {
         auto *page = new QTreeWidgetItem(project, {PageCaption(slot, tab)});
-        page->setIcon(0, Picture("project-page"));
+        SetPicture(*page, PagePicture);
     }
     project->setExpanded(true);
     RootNode->setExpanded(true);
@@ -60,12 +63,29 @@ void ForgetNode(const QTreeWidgetItem *node)
     }
 }
 
+/// The selection leaves a node that is about to go, or one below it, for a neighbour: the next project, else the one
+/// ahead, else the root. The toolkit would lose it with a page.
+void SelectNeighbour(QTreeWidgetItem *node)
+{
+    const QTreeWidgetItem *selected = ProjectTree->currentItem();
+    while (selected != nullptr && selected != node)
+        selected = selected->parent();
+    QTreeWidgetItem *above = node->parent();
+    if (selected == nullptr || above == nullptr)
+        return;
+    const int place = above->indexOfChild(node);
+    QTreeWidgetItem *next = above->child(place + 1);
+    QTreeWidgetItem *ahead = above->child(place - 1);
+    ProjectTree->setCurrentItem(next != nullptr ? next : ahead != nullptr ? ahead : above);
+}
+
 void RemoveNode(int index)
 {
     QTreeWidgetItem *node = ProjectSheet != nullptr ? ProjectSheet->NodeAt(index) : nullptr;
     if (node == nullptr)
         throw RuntimeError(ErrorNumber::OutOfRange);
     ForgetNode(node);
+    SelectNeighbour(node);
     delete node; // takes its children along
 }
 
@@ -99,7 +119,7 @@ void LoadProjectSheet()
     ProjectTree->setUniformRowHeights(true);
     ProjectTree->setRootIsDecorated(true);
     RootNode = new QTreeWidgetItem(ProjectTree, {ProjectRootText});
-    RootNode->setIcon(0, Picture("project-group"));
+    SetPicture(*RootNode, GroupPicture);
     RootNode->setExpanded(true);
     if (!ProjectTreeFirstFill)
         RebuildProjectNodes();
@@ -132,6 +152,13 @@ void RemoveProjectNode(int slot)
     ErrorsSetAside hidden;
     hidden.Run([&] { RemoveNode(closing.NodeIndex); });
     --ProjectNodeCount;
+}
+
+void ShowNodeName(int slot)
+{
+    const ProjectSlot &project = ProjectSlots[CheckedSlot(slot)];
+    if (QTreeWidgetItem *node = ProjectSheet != nullptr ? ProjectSheet->NodeAt(project.NodeIndex) : nullptr)
+        node->setText(0, project.ProjectName);
 }
 
 void ShowProjectPanel()

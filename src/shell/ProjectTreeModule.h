@@ -37,6 +37,9 @@ void AddProjectNode(int slot);
 /// ProjectNodeCount. The failure to remove a node while the panel is hidden is set aside.
 void RemoveProjectNode(int slot);
 
+/// Writes a slot's ProjectName into the node at its NodeIndex; nothing while there is no such node.
+void ShowNodeName(int slot);
+
 /// Shows or hides the panel in the frame's dock.
 void ShowProjectPanel();
 void HideProjectPanel();

@@ -15,15 +15,26 @@ private slots:
     {
         QTest::addColumn<int>("number");
         QTest::addColumn<QString>("description");
-        const std::pair<int, const char *> rows[] = {{5, "Invalid call"},       {6, "Overflow"},
-                                                     {7, "Out of memory"},      {9, "Out of range"},
-                                                     {11, "Division by zero"},  {13, "Type mismatch"},
-                                                     {53, "File not found"},    {55, "File already open"},
-                                                     {61, "Disk full"},         {62, "Input past end of file"},
-                                                     {70, "Permission denied"}, {76, "Path not found"},
-                                                     {91, "No object"},         {8018, "The port is closed"},
-                                                     {32755, "Cancelled"},      {0, "Unknown error"},
-                                                     {-1, "Unknown error"},     {14, "Unknown error"}};
+        const std::pair<int, const char *> rows[] = {{5, "Invalid call"},
+                                                     {6, "Overflow"},
+                                                     {7, "Out of memory"},
+                                                     {9, "Out of range"},
+                                                     {11, "Division by zero"},
+                                                     {13, "Type mismatch"},
+                                                     {53, "File not found"},
+                                                     {55, "File already open"},
+                                                     {57, "Device I/O error"},
+                                                     {61, "Disk full"},
+                                                     {62, "Input past end of file"},
+                                                     {70, "Permission denied"},
+                                                     {76, "Path not found"},
+                                                     {91, "No object"},
+                                                     {8018, "The port is closed"},
+                                                     {32751, "No program opens this kind of file"},
+                                                     {32755, "Cancelled"},
+                                                     {0, "Unknown error"},
+                                                     {-1, "Unknown error"},
+                                                     {14, "Unknown error"}};
         for (const auto &[number, description] : rows)
             QTest::addRow("%d", number) << number << QString::fromLatin1(description);
     }
