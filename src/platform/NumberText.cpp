@@ -268,6 +268,11 @@ QString FormatNumber(double value, QStringView picture)
     return QString::fromStdString(sign + integer + (places.Point ? "." : "") + fraction);
 }
 
+std::uint8_t RoundToUInt8(double value)
+{
+    return Checked<std::uint8_t>(TiesToEven(value));
+}
+
 std::int16_t RoundToInt16(double value)
 {
     return Checked<std::int16_t>(TiesToEven(value));
@@ -276,6 +281,13 @@ std::int16_t RoundToInt16(double value)
 std::int32_t RoundToInt32(double value)
 {
     return Checked<std::int32_t>(TiesToEven(value));
+}
+
+float RoundToSingle(double value)
+{
+    if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
+        throw RuntimeError(ErrorNumber::Overflow);
+    return static_cast<float>(value);
 }
 
 std::int32_t FloorToInt32(double value)

@@ -32,8 +32,13 @@ QString FormatNumber(double value, QStringView picture);
 
 /// To the nearest integer, ties to even.
 /// @throws RuntimeError 6 when the result does not fit or the value is no number
+std::uint8_t RoundToUInt8(double value);
 std::int16_t RoundToInt16(double value);
 std::int32_t RoundToInt32(double value);
+
+/// To the nearest single, ties to even.
+/// @throws RuntimeError 6 when the value is beyond single or no number
+float RoundToSingle(double value);
 
 /// The greatest integer not above the value.
 /// @throws RuntimeError 6 as above
