@@ -3,19 +3,20 @@
 #include "controls/Boxes.h"
 #include "controls/Guard.h"
 #include "curve/ReferenceCurve.h"
+#include "curve/ReferenceListModule.h"
 #include "display/ProjectViewModule.h"
 #include "display/ReferencePictureModule.h"
 #include "display/SensorProjFrm.h"
 #include "display/TimeCurveModule.h"
-#include "display/WaveRecord.h"
 #include "link/LinkState.h"
 #include "platform/RuntimeError.h"
+#include "project/ProjectFileModule.h"
 #include "project/ProjectTable.h"
+#include "project/ProjectWindowModule.h"
 #include "project/SensorPropertyFrm.h"
 #include "project/SensorRecordModule.h"
 #include "shell/ActiveProject.h"
 #include "shell/LanguageModule.h"
-#include "shell/LanguageTables.h"
 #include "shell/MainFrm.h"
 #include "shell/MainModule.h"
 #include "shell/ProjectTreeModule.h"
@@ -24,114 +25,17 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
-constexpr int DefaultSampleMilliseconds = 1000;
-constexpr int EditDataPage = 2;
 constexpr std::int16_t FirstProjectNode = 2; ///< right after the root
 
-const QString WarningTitle = QStringLiteral("Warning");
-
-struct ButtonCaption {
-    LumoButton *SensorProjFrm::*Button;
-    const char *English; ///< UTF-8
-    const char *Chinese; ///< UTF-8
-};
-
-constexpr ButtonCaption newProjectCaptions[] = {
-    {&SensorProjFrm::RecordLumoBtn, "Start", "开始测量"}, {&SensorProjFrm::EndLumoBtn, "End", "结束测量"},
-    {&SensorProjFrm::ReplayLumoBtn, "Replay", "回放"},    {&SensorProjFrm::PauseLumoBtn, "Pause", "暂停"},
-    {&SensorProjFrm::StopLumoBtn, "Stop", "结束"},        {&SensorProjFrm::LowLumoBtn, "/ 2", "/ 2"},
-    {&SensorProjFrm::FastLumoBtn, "× 2", "× 2"},          {&SensorProjFrm::ColorLumoBtn, "Color Setting", "颜色设置"},
-    {&SensorProjFrm::ZoominHLumoBtn, "Zoomin", "放大"},   {&SensorProjFrm::ZoomInVLumoBtn, "Zoomin", "放大"},
-    {&SensorProjFrm::ZoomOutHLumoBtn, "Zoomout", "缩小"}, {&SensorProjFrm::ZoomOutVLumoBtn, "Zoomout", "缩小"},
-};
-
-QString CaptionOf(const CaptionRow &row)
-{
-    return Wording(QString::fromUtf8(row.English), QString::fromUtf8(row.Chinese));
-}
+const QString WarningTitle = QStringLiteral("Warning"); // Required: in both languages.
 
 int NewSlot()
 {
     return ProjectCount == 0 ? 0 : FindFreeSlot();
-}
-
-QStringList ColumnTitles(int slot)
-{
-    const SensorProject &project = SensorProjects[slot];
-    const QString unit = CaptionOf(GridUnitTitle);
-    return {CaptionOf(GridColumnTitles[0]), unit + project.InputUnit, unit + project.OutputUnit,
-            CaptionOf(GridColumnTitles[1]), CaptionOf(GridColumnTitles[2])};
-}
-
-/// Makes the slot's window if it has none. Whoever connects it does so at the signal.
-void MakeProjectWindow(int slot)
-{
-    SensorProjFrm *&form = ProjectForm[slot];
-    if (form != nullptr) {
-        form->Tag = QString::number(slot);
-        return;
-    }
-    form = new SensorProjFrm;
-    form->Tag = QString::number(slot);
-    MainForm->Children->addSubWindow(form);
-    emit MainForm->ProjectWindowMade(form);
-}
-
-void PrepareEditPage(int slot)
-{
-    SensorProjFrm &form = FormOfSlot(slot);
-    form.EditDataView->SetColumnTitles(ColumnTitles(slot));
-    form.EditDataView->setEnabled(!SensorProjects[slot].IsBuiltInSensor);
-    form.UndoLumoBtn->setEnabled(false);
-    form.RedoLumoBtn->setEnabled(false);
-    form.Timer1->stop();
-}
-
-void NameNewProject(int slot)
-{
-    ProjectSlots[slot].ProjectName = QStringLiteral("Project-%1").arg(slot + 1);
-    ProjectSlots[slot].CurveApplied = false;
-}
-
-void SetNewProjectCaptions(int slot)
-{
-    SensorProjFrm &form = FormOfSlot(slot);
-    for (const ButtonCaption &row : newProjectCaptions)
-        (form.*row.Button)->SetCaption(Wording(QString::fromUtf8(row.English), QString::fromUtf8(row.Chinese)));
-    form.setWindowTitle(ProjectSlots[slot].ProjectName);
-}
-
-void ResetRunControls(SensorProjFrm &form)
-{
-    for (LumoButton *button :
-         {form.RecordLumoBtn, form.ReplayLumoBtn, form.exportCom, form.ZoominHLumoBtn, form.ZoomOutHLumoBtn})
-        button->setEnabled(true);
-    for (LumoButton *button : {form.EndLumoBtn, form.PauseLumoBtn, form.StopLumoBtn, form.LowLumoBtn, form.FastLumoBtn,
-                               form.ZoomInVLumoBtn, form.ZoomOutVLumoBtn})
-        button->setEnabled(false);
-    form.TxtSample->setEnabled(true);
-    form.TxtSample->setText(QStringLiteral("1.0"));
-    form.FlatScrollBar1->hide();
-    form.FlatScrollBar2->hide();
-    form.Recordpic->hide(); // carries the horizontal bar
-}
-
-void ResetWavesAndControls(int slot)
-{
-    SensorProjFrm &form = FormOfSlot(slot);
-    form.Timer1->setInterval(DefaultSampleMilliseconds);
-    ResetWaveRecords(slot, DefaultSampleMilliseconds / 1000.0);
-    ResetRunControls(form);
-    form.OptWave1->setChecked(true);
-    form.ChkGrid->setChecked(true);
-    form.ChkLink->setChecked(true);
-    form.LabXUnit->setText(QStringLiteral("X:  ") + SensorProjects[slot].InputUnit);
-    form.LabYUnit->setText(QStringLiteral("Y:  ") + SensorProjects[slot].OutputUnit);
-    form.TabStrip->SelectTab(EditDataPage);
-    SwitchProjectPage(slot, EditDataPage);
 }
 
 void ClearRows(int slot)
@@ -141,10 +45,9 @@ void ClearRows(int slot)
         rows[row].Used = false;
 }
 
-void ResetReferenceData(int slot)
+void ResetCurveView(int slot)
 {
     SensorProjFrm &form = FormOfSlot(slot);
-    ClearRows(slot);
     ResetReferenceCurve(slot, form.PicRef->BackColour);
     form.ChkGridRef->setChecked(true);
 }
@@ -160,7 +63,7 @@ void ForgetFile(ProjectSlot &slot)
 /// Behind the last node of the open projects. The first project of all follows the root.
 std::int16_t NewNodeIndex(int slot)
 {
-    if (slot == 0 && ProjectCount == 0)
+    if (slot == 0 && std::ranges::none_of(ProjectOccupied, std::identity()))
         return FirstProjectNode;
     std::int16_t largest = FirstProjectNode;
     for (int other = 0; other < SlotCount; ++other) {
@@ -172,20 +75,62 @@ std::int16_t NewNodeIndex(int slot)
     return static_cast<std::int16_t>(largest + children + 1);
 }
 
-void OccupySlot(int slot)
-{
-    ProjectSlots[slot].NodeIndex = NewNodeIndex(slot);
-    ProjectOccupied[slot] = true;
-    ++ProjectCount;
-}
-
 void UpdateEnablement()
 {
     UpdateToolbarState();
     UpdateMenuState();
 }
 
-/// Asks what the state of the project calls for. True when the window may go; a run has been ended then.
+bool TellLimitReached()
+{
+    InformationBox(Wording(QStringLiteral("You can create only 10 projects as maximum limit! "),
+                           QStringLiteral("工程数目达到上限! ")));
+    return false;
+}
+
+/// What New and Open have in common up to the name: window and grid.
+void PrepareWindow(int slot, ErrorsSetAside &steps)
+{
+    steps.Run([&] { MakeProjectWindow(slot); });
+    steps.Run([&] { PrepareEditPage(slot); });
+    ProjectSlots[slot].CurveApplied = false;
+}
+
+/// The same from the name on: captions, waves and curve as for a new project, and the window comes up.
+void ShowNewWindow(int slot, ErrorsSetAside &steps)
+{
+    steps.Run([&] { SetNewProjectCaptions(slot); });
+    steps.Run([&] { ResetWavesAndControls(slot); });
+    steps.Run([&] { ResetCurveView(slot); });
+    steps.Run([&] { FormOfSlot(slot).showMaximized(); });
+}
+
+/// The same once the window is there: the slot is taken, the tree follows, and what went wrong on the way is shown.
+void TakeSlot(int slot, ErrorsSetAside &steps)
+{
+    ProjectSlots[slot].NodeIndex = NewNodeIndex(slot);
+    ProjectOccupied[slot] = true;
+    if (ProjectPanelVisible)
+        steps.Run([&] { AddProjectNode(slot); });
+    if (steps.Last())
+        ExclamationBox(steps.Last()->Description());
+    ++ProjectNodeCount;
+    steps.Run([] { UpdateEnablement(); });
+    steps.Run([] { LoadLanguage(CurrentLanguage); });
+}
+
+/// Required: slots above the found one are not looked at, so two projects of one name can come about.
+bool NameIsOpenUpTo(int slot, const QString &name)
+{
+    for (int other = 0; other <= slot; ++other) {
+        if (ProjectOccupied[other] && ProjectSlots[other].ProjectName == name)
+            return true;
+    }
+    return false;
+}
+
+/// Asks what the state of the project calls for. Required: never about unsaved work, here and anywhere else.
+/// True when the window may go; a run has been ended then.
 bool ClosingAccepted(SensorProjFrm &form)
 {
     if (form.EndLumoBtn->isEnabled()) {
@@ -217,33 +162,73 @@ void FreeSlot(int slot)
 
 } // namespace
 
+bool RoomForProject()
+{
+    return ProjectCount + 1 <= SlotCount || TellLimitReached();
+}
+
 void NewProject(const SensorPropertyFrm &dialogue)
 {
-    if (ProjectCount + 1 > SlotCount) {
-        InformationBox(Wording(QStringLiteral("You can create only 10 projects as maximum limit! "),
-                               QStringLiteral("工程数目达到上限! ")));
+    if (!RoomForProject())
         return;
-    }
     CurrentNewSlot = static_cast<std::int16_t>(NewSlot());
     const int slot = CurrentNewSlot;
     ErrorsSetAside steps;
     steps.Run([&] { FillSensorProject(dialogue, SensorProjects[slot], InstrumentKind); });
-    steps.Run([&] { MakeProjectWindow(slot); });
-    steps.Run([&] { PrepareEditPage(slot); });
-    NameNewProject(slot);
-    steps.Run([&] { SetNewProjectCaptions(slot); });
-    steps.Run([&] { ResetWavesAndControls(slot); });
-    steps.Run([&] { ResetReferenceData(slot); });
-    steps.Run([&] { FormOfSlot(slot).showMaximized(); });
+    PrepareWindow(slot, steps);
+    ProjectSlots[slot].ProjectName = QStringLiteral("Project-%1").arg(slot + 1);
+    ClearRows(slot);
+    ShowNewWindow(slot, steps);
     ForgetFile(ProjectSlots[slot]);
-    OccupySlot(slot);
+    ++ProjectCount;
+    TakeSlot(slot, steps);
+}
+
+void OpenProjectFile(const QString &path)
+{
+    ++ProjectCount; // Required: ahead of the checks, which take it back.
+    const int slot = FindFreeSlot();
+    const QString name = ProjectNameOfPath(path);
+    if (NameIsOpenUpTo(slot, name)) {
+        ExclamationBox(
+            Wording(QStringLiteral("The same project already exists! "), QStringLiteral("已经有同名工程被打开！")));
+        --ProjectCount;
+        return;
+    }
+    ProjectSlot &project = ProjectSlots[slot];
+    project.LoadedPath = path;
+    project.FilePath = path;
+    project.ProjectName = name;
+    ErrorsSetAside steps;
+    ReadProjectFile(slot, path, steps);
+    PrepareWindow(slot, steps);
+    ShowNewWindow(slot, steps);
+    project.HasFile = true;
+    project.Dirty = false;
+    TakeSlot(slot, steps);
+    RefreshReferenceLists();
+}
+
+void ChangeProjectProperties(const SensorPropertyFrm &dialogue)
+{
+    const int slot = ActiveSlot();
+    SensorProjFrm &form = FormOfSlot(slot);
+    ProjectSlot &project = ProjectSlots[slot];
+    FillSensorProject(dialogue, SensorProjects[slot], InstrumentKind);
+    SetGridTitles(slot);
+    form.Timer1->stop();
+    project.CurveApplied = false;
+    form.setWindowTitle(project.ProjectName);
+    ResetWaves(slot);
+    ShowUnits(slot);
+    ResizeProjectView(form);
+    // Required: FilePath stays, so that the next Save replaces the file without a question.
+    project.HasFile = false;
+    project.Dirty = false;
+    project.LoadedPath.clear();
     if (ProjectPanelVisible)
-        steps.Run([&] { AddProjectNode(slot); });
-    if (steps.Last())
-        ExclamationBox(steps.Last()->Description());
-    ++ProjectNodeCount;
-    steps.Run([] { UpdateEnablement(); });
-    steps.Run([] { LoadLanguage(CurrentLanguage); });
+        ShowNodeName(slot);
+    UpdateEnablement();
 }
 
 void CloseProjectWindow(SensorProjFrm &form, bool &cancel)

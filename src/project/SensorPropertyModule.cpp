@@ -210,14 +210,22 @@ void ClearModes()
     EditProjectMode = false;
 }
 
+/// What both finishing paths do with the dialogue's controls.
+void TakeOver(const SensorPropertyFrm &form)
+{
+    if (NewProjectMode)
+        NewProject(form);
+    else
+        ChangeProjectProperties(form);
+}
+
 void ComdEnter_Click(SensorPropertyFrm &form)
 {
     if (!NameGiven(form) || !NameFits(form) || !TypeChosen(form) || !UserUnitGiven(form) || !UserUnitFits(form) ||
         !TypeSupported(form) || !ParameterFits(form))
         return;
     form.hide();
-    if (NewProjectMode)
-        NewProject(form);
+    TakeOver(form);
     RefreshReferenceLists();
     ClearModes();
     form.accept();
@@ -244,8 +252,7 @@ void FinishFromList(SensorPropertyFrm &form, bool unitFirst)
         return;
     CutListName(form);
     form.hide();
-    if (NewProjectMode)
-        NewProject(form);
+    TakeOver(form);
     ClearModes();
     form.accept();
 }

@@ -2,12 +2,9 @@
 
 #include "link/LinkState.h"
 #include "platform/NumberText.h"
-#include "platform/RuntimeError.h"
 #include "project/SensorPropertyFrm.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <optional>
 
 namespace {
@@ -111,13 +108,6 @@ void FillCharacters(SensorProject &project)
         project.UnitChars[0] = LowByte(project.InputUnit.front());
 }
 
-float SingleOf(double value)
-{
-    if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max()))
-        throw RuntimeError(ErrorNumber::Overflow);
-    return static_cast<float>(value);
-}
-
 void FillBuiltIn(const SensorPropertyFrm &form, SensorProject &project, std::uint8_t builtInKind)
 {
     FillCharacters(project);
@@ -125,7 +115,7 @@ void FillBuiltIn(const SensorPropertyFrm &form, SensorProject &project, std::uin
     const QString subType = form.CombSubType->Text();
     if (builtInKind == BuiltInKindCode::Rtd) {
         PutCode(rtdCodes, form.Comboa->Text(), project.RtdCode);
-        project.RtdR0 = SingleOf(LeadingNumber(form.TextR0->text()));
+        project.RtdR0 = RoundToSingle(LeadingNumber(form.TextR0->text()));
     } else if (builtInKind == BuiltInKindCode::Thermistor) {
         PutCode(thermistorOhms, subType, project.ThermistorOhms);
     } else {
