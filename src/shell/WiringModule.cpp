@@ -1,6 +1,7 @@
 #include "shell/WiringModule.h"
 
 #include "curve/ReferenceEditModule.h"
+#include "curve/ReferenceFileModule.h"
 #include "display/ProjectViewModule.h"
 #include "display/ReferencePictureModule.h"
 #include "display/SensorProjFrm.h"
@@ -15,9 +16,9 @@ namespace {
 /// commands.
 void HideControlsWithoutCommand(const SensorProjFrm &form)
 {
-    for (QWidget *control : std::initializer_list<QWidget *>{form.ReplayFrame, form.DataFrame, form.PictureFrame,
-                                                             form.ColorRfLumoBtn, form.LabColor2, form.ColorLumoBtn,
-                                                             form.LabColor, form.ImportLumoBtn, form.ExportLumoBtn})
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{form.ReplayFrame, form.DataFrame, form.PictureFrame, form.ColorRfLumoBtn,
+                                          form.LabColor2, form.ColorLumoBtn, form.LabColor})
         control->hide();
 }
 
@@ -32,5 +33,6 @@ void ConnectProjectWindow(SensorProjFrm &form)
     ConnectTimeCurve(form);
     ConnectZoom(form);
     ConnectReferenceEdit(form);
+    ConnectReferenceFile(form);
     ConnectRun(form);
 }
