@@ -105,8 +105,9 @@ void SetNewProjectCaptions(int slot)
 
 void ResetWaves(int slot)
 {
-    ResetWaveRecords(slot, DefaultSampleMilliseconds / 1000.0);
-    HideWaveBars(FormOfSlot(slot));
+    SensorProjFrm &form = FormOfSlot(slot);
+    ResetWaveRecords(slot, form.Timer1->interval() / 1000.0);
+    HideWaveBars(form);
 }
 
 void ShowUnits(int slot)

@@ -22,7 +22,8 @@ void SetNewProjectCaptions(int slot);
 /// points comes up.
 void ResetWavesAndControls(int slot);
 
-/// Both wave records as they are for a new project, without the bars that move their view.
+/// Both wave records as they are for a new project, but for the sample period, which is that of Timer1; without the
+/// bars that move their view.
 void ResetWaves(int slot);
 
 /// Writes the units of the slot's definition under the reference picture.

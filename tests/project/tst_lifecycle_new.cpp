@@ -36,7 +36,6 @@ private slots:
     void newResetsTheWaves();
     void newClearsRowsAndCurve();
     void newForgetsTheFile();
-    void newDisablesTheTableOfABuiltInSensor();
     void newUsesTheWindowThatIsThere();
     void newReportsAPendingError();
     void newEnablesTheCommands();
@@ -275,16 +274,6 @@ void TestLifecycleNew::newForgetsTheFile()
     QCOMPARE(ProjectSlots[0].FilePath, QString());
     QCOMPARE(ProjectSlots[0].LoadedPath, QString());
     QVERIFY(!ProjectSlots[0].CurveApplied);
-}
-
-void TestLifecycleNew::newDisablesTheTableOfABuiltInSensor()
-{
-    SensorPropertyFrm dialogue;
-    FillDialogue(dialogue);
-    Show(dialogue.Combtype, QStringLiteral("THERM"));
-    NewProject(dialogue);
-    QVERIFY(SensorProjects[0].IsBuiltInSensor);
-    QVERIFY(!ProjectForm[0]->EditDataView->isEnabled());
 }
 
 void TestLifecycleNew::newUsesTheWindowThatIsThere()

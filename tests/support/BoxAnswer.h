@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QList>
 #include <QMessageBox>
@@ -149,6 +150,20 @@ private:
     QTimer m_poll;
 };
 
+/// Types a text; a character that has no key on a western keyboard comes as an input method commits it.
+inline void TypeText(QWidget *edit, const QString &text)
+{
+    for (const QChar character : text) {
+        if (character.unicode() < 0x80) {
+            QTest::keyClick(edit, character.toLatin1());
+            continue;
+        }
+        QInputMethodEvent committed;
+        committed.setCommitString(character);
+        QApplication::sendEvent(edit, &committed);
+    }
+}
+
 /// Types a name into a file dialogue that is up, as WhenModal hands it over, and presses Return. Typed anew until the
 /// dialogue takes it: it refuses every name while it still reads its folder.
 inline void TypeFileName(QWidget *dialog, const QString &name)
@@ -156,9 +171,12 @@ inline void TypeFileName(QWidget *dialog, const QString &name)
     auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
     auto *buttons = dialog->findChild<QDialogButtonBox *>();
     QVERIFY(edit != nullptr && buttons != nullptr);
+    // Without the focus, folders on the way to the name stay chosen in its place.
+    QVERIFY(QTest::qWaitForWindowActive(dialog));
+    edit->setFocus();
     const auto taken = [&] {
         edit->clear();
-        QTest::keyClicks(edit, name);
+        TypeText(edit, name);
         for (QAbstractButton *button : buttons->buttons()) {
             if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
                 return button->isEnabled();
