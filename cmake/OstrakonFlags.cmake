@@ -2,6 +2,8 @@
 
 option(OSTRAKON_WARNINGS_AS_ERRORS "A warning stops the build" OFF)
 option(OSTRAKON_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+option(OSTRAKON_FUZZ "Fuzz targets with clang's libFuzzer, instead of replays of their corpora" OFF)
+option(OSTRAKON_BENCH "Benchmarks with a peer in the same run" OFF)
 option(OSTRAKON_PRECOMPILED_HEADERS "Share the Qt headers precompiled" ON)
 
 add_library(ostrakon_flags INTERFACE)
@@ -28,6 +30,9 @@ else()
         target_compile_options(ostrakon_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                                                         -fno-omit-frame-pointer)
         target_link_options(ostrakon_flags INTERFACE -fsanitize=address,undefined)
+    endif()
+    if(OSTRAKON_FUZZ)
+        target_compile_options(ostrakon_flags INTERFACE -fsanitize=fuzzer-no-link)
     endif()
 endif()
 # Strings of the sources are UTF-8; no implicit conversion from bytes can hide another encoding.

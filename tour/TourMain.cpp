@@ -1,6 +1,7 @@
 /// @file
 /// The tour: a session with the real windows and a virtual multimeter, driven by real clicks and keys, from Connect to
-/// End. Leaves a picture of each step in the folder that its one argument names.
+/// End, and with several projects side by side. Leaves a picture of each step in the folder that its one argument
+/// names.
 
 #include "curve/EditDataFrm.h"
 #include "display/SensorProjFrm.h"
@@ -12,12 +13,11 @@
 #include "shell/FrameModule.h"
 #include "shell/MainFrm.h"
 #include "shell/MainModule.h"
-#include "tour/TourScript.h"
-#include "tour/XHands.h"
+#include "tour/TourHands.h"
+#include "tour/WindowTour.h"
 #include "visa/VisaLoader.h"
 
 #include <QApplication>
-#include <QMenuBar>
 
 #include <array>
 #include <cstdio>
@@ -47,48 +47,9 @@ SensorProjFrm &Project()
     return *ProjectForm[0];
 }
 
-/// The modal dialogue on the screen if it is of this kind, nullptr otherwise.
-template <typename Dialogue>
-Dialogue *Modal()
-{
-    auto *dialogue = qobject_cast<Dialogue *>(QApplication::activeModalWidget());
-    return dialogue && dialogue->isVisible() ? dialogue : nullptr;
-}
-
-bool NoDialogue()
-{
-    return !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
-}
-
-bool MenuOpen()
-{
-    return qobject_cast<QMenu *>(QApplication::activePopupWidget());
-}
-
-bool ListOpen()
-{
-    return QApplication::activePopupWidget() && !MenuOpen();
-}
-
-void ClickItem(const QMenu &menu, QAction *item)
-{
-    XHands::Click(menu.mapToGlobal(menu.actionGeometry(item).center()));
-}
-
-void ClickMenuTitle(const QMenu &menu)
-{
-    const QMenuBar &bar = *MainForm->menuBar();
-    XHands::Click(bar.mapToGlobal(bar.actionGeometry(menu.menuAction()).center()));
-}
-
-void ClickToolBar(const QString &key)
-{
-    XHands::Click(*MainForm->tbToolBar->widgetForAction(MainForm->ToolBarButton(key)));
-}
-
 void ClickTab(int tab)
 {
-    XHands::Click(Project().TabStrip->mapToGlobal(Project().TabStrip->TabCentre(tab)));
+    ClickTabOf(0, tab);
 }
 
 /// The empty part of the list of reference points, below its lines.
@@ -96,17 +57,6 @@ QPoint BelowLines()
 {
     const ReportList &list = *Project().EditDataView;
     return list.mapToGlobal(QPoint(list.width() / 2, list.height() - 20));
-}
-
-/// Chooses an entry of a drop-down list by clicking it open and stepping down.
-void AddChoice(TourScript &script, const QString &name, ListCombo *SensorPropertyFrm::*list, int index)
-{
-    script.Add(name, Modal<SensorPropertyFrm>, [list] { XHands::Click(*(Modal<SensorPropertyFrm>()->*list)); });
-    script.Add(name, ListOpen, [index] {
-        for (int step = 0; step < index; ++step)
-            XHands::Key(QStringLiteral("Down"));
-        XHands::Key(QStringLiteral("Return"));
-    });
 }
 
 void AddConnect(TourScript &script)
@@ -206,19 +156,6 @@ void AddRun(TourScript &script)
     script.AddPicture(QStringLiteral("measured"), [] { return !Measuring; });
 }
 
-void AddLanguage(TourScript &script, QAction *MainFrm::*item, std::int32_t language)
-{
-    script.Add(QStringLiteral("help menu"), NoDialogue, [] { ClickMenuTitle(*MainForm->mnuHelp); });
-    script.Add(
-        QStringLiteral("language menu"), [] { return MainForm->mnuHelp->isVisible(); },
-        [] { ClickItem(*MainForm->mnuHelp, MainForm->mnuHelpLanguage->menuAction()); });
-    script.Add(
-        QStringLiteral("language"), [] { return MainForm->mnuHelpLanguage->isVisible(); },
-        [item] { ClickItem(*MainForm->mnuHelpLanguage, MainForm->*item); });
-    script.Add(
-        QStringLiteral("language switched"), [language] { return NoDialogue() && CurrentLanguage == language; }, [] {});
-}
-
 void AddPages(TourScript &script, const QString &language)
 {
     script.Add(QStringLiteral("reference page"), NoDialogue, [] { ClickTab(1); });
@@ -269,6 +206,12 @@ int main(int argc, char **argv)
     AddLanguage(script, &MainFrm::mnuHelpLang_English, LanguageEnglish);
     AddPages(script, QStringLiteral("english"));
     AddDialogues(script, QStringLiteral("english"));
+    AddMoreProjects(script);
+    AddArrangements(script, QStringLiteral("english"));
+    AddLanguage(script, &MainFrm::mnuHelpLang_Chinese, LanguageChinese);
+    AddArrangements(script, QStringLiteral("chinese"));
+    AddHiddenPanel(script);
+    AddLanguage(script, &MainFrm::mnuHelpLang_English, LanguageEnglish);
     script.AddPicture(QStringLiteral("last"), NoDialogue);
     script.Start();
     const int result = QApplication::exec();

@@ -1,30 +1,40 @@
 /// @file
-/// The frame's commands for projects, windows and the instrument, by menu and toolbar.
+/// The frame's commands for projects and the instrument, by menu and toolbar.
 #include "shell/FrameBench.h"
 
-#include <QActionGroup>
-
-#include <algorithm>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTemporaryDir>
 
 namespace {
 
-QList<int> Sorted(QList<int> numbers)
+/// Rows for a command that stands in a menu and in the toolbar.
+void AddBothWays()
 {
-    std::sort(numbers.begin(), numbers.end());
-    return numbers;
+    QTest::addColumn<bool>("byToolBar");
+    QTest::newRow("menu") << false;
+    QTest::newRow("toolbar") << true;
 }
 
-/// The entries that the window menu lists, separators left out.
-QStringList ListedWindows(QMenu &menu)
+/// Runs a command by its menu item, or by a click on its toolbar button.
+void RunCommand(const MainFrm &frame, bool byToolBar, QAction *item, const char *key)
 {
-    emit menu.aboutToShow();
-    QStringList texts;
-    for (const QAction *entry : menu.actions().mid(4)) {
-        if (!entry->isSeparator())
-            texts.append((entry->isChecked() ? QStringLiteral("* ") : QString()) + entry->text());
-    }
-    return texts;
+    if (byToolBar)
+        QTest::mouseClick(frame.tbToolBar->widgetForAction(frame.ToolBarButton(QString::fromLatin1(key))),
+                          Qt::LeftButton);
+    else
+        item->trigger();
 }
+
+/// Cancels the dialogue that comes up, and tells its title.
+class CancelledDialogue {
+public:
+    QString Title;
+    WhenModal cancel{[this](QWidget *dialog) {
+        Title = dialog->windowTitle();
+        qobject_cast<QDialog *>(dialog)->reject();
+    }};
+};
 
 } // namespace
 
@@ -34,40 +44,38 @@ class FrameCommandsTest : public QObject {
 private slots:
     void init() { StartAfresh(); }
 
-    void new_needs_a_link_data();
-    void new_needs_a_link();
+    void new_and_open_need_a_link_data() { AddBothWays(); }
+    void new_and_open_need_a_link();
     void new_makes_a_project_with_all_that_belongs_to_it();
     void a_slot_taken_again_stands_last_in_the_tree();
     void a_project_made_behind_a_hidden_panel_appears_with_it();
 
-    void connect_and_disconnect_reach_the_instrument_data();
+    void open_asks_for_a_file_beside_an_instrument_data() { AddBothWays(); }
+    void open_asks_for_a_file_beside_an_instrument();
+    void save_writes_the_active_project_data() { AddBothWays(); }
+    void save_writes_the_active_project();
+    void save_all_writes_every_project();
+    void save_as_asks_for_a_file();
+    void the_properties_are_kept_from_change_during_a_run_data() { AddBothWays(); }
+    void the_properties_are_kept_from_change_during_a_run();
+    void only_the_tools_menu_sets_the_grid_after_the_properties();
+    void a_toolbar_key_that_is_none_does_nothing();
+    void items_without_a_command_do_nothing_data();
+    void items_without_a_command_do_nothing();
+
+    void connect_and_disconnect_reach_the_instrument_data() { AddBothWays(); }
     void connect_and_disconnect_reach_the_instrument();
     void a_lost_instrument_is_noticed_by_the_watch();
-
-    void horizontal_tiles_lie_one_above_the_other();
-    void vertical_tiles_stand_side_by_side();
-    void cascaded_windows_overlap();
-    void minimised_windows_stay_out_of_the_tiles();
-    void the_window_menu_lists_the_projects();
 };
 
-void FrameCommandsTest::new_needs_a_link_data()
-{
-    QTest::addColumn<bool>("byToolBar");
-    QTest::newRow("menu") << false;
-    QTest::newRow("toolbar") << true;
-}
-
-void FrameCommandsTest::new_needs_a_link()
+void FrameCommandsTest::new_and_open_need_a_link()
 {
     QFETCH(const bool, byToolBar);
     const LoadedFrame loaded;
-    BoxAnswers answers({QMessageBox::Ok});
-    if (byToolBar)
-        loaded.frame.ToolBarButton(QStringLiteral("New"))->trigger();
-    else
-        loaded.frame.mnuFileNew->trigger();
-    QCOMPARE(answers.Texts(), QStringList{QStringLiteral("Please connect to the instrument! ")});
+    BoxAnswers answers({QMessageBox::Ok, QMessageBox::Ok});
+    RunCommand(loaded.frame, byToolBar, loaded.frame.mnuFileNew, "New");
+    RunCommand(loaded.frame, byToolBar, loaded.frame.mnuFileOpen, "Open");
+    QCOMPARE(answers.Texts(), QStringList(2, QStringLiteral("Please connect to the instrument! ")));
     QCOMPARE(answers.Shown()[0].Icon, QMessageBox::Warning);
     QCOMPARE(ProjectCount, std::int16_t{0});
 }
@@ -116,27 +124,146 @@ void FrameCommandsTest::a_project_made_behind_a_hidden_panel_appears_with_it()
     QCOMPARE(ProjectSheet->NodeAt(2)->text(0), QStringLiteral("Project-1"));
 }
 
-void FrameCommandsTest::connect_and_disconnect_reach_the_instrument_data()
+void FrameCommandsTest::open_asks_for_a_file_beside_an_instrument()
 {
-    QTest::addColumn<bool>("byToolBar");
-    QTest::newRow("menu") << false;
-    QTest::newRow("toolbar") << true;
+    QFETCH(const bool, byToolBar);
+    const LoadedFrame loaded;
+    LinkUp = true;
+    CancelledDialogue dialogue;
+    RunCommand(loaded.frame, byToolBar, loaded.frame.mnuFileOpen, "Open");
+    QCOMPARE(dialogue.Title, QStringLiteral("Open project"));
+    QCOMPARE(ProjectCount, std::int16_t{0});
+}
+
+void FrameCommandsTest::save_writes_the_active_project()
+{
+    QFETCH(const bool, byToolBar);
+    LoadedFrame loaded;
+    const QTemporaryDir folder;
+    for (const char *name : {"one", "two"}) {
+        loaded.NewProjectByMenu();
+        ProjectSlots[ActiveSlot()].FilePath = folder.filePath(QString::fromLatin1(name) + QStringLiteral(".spj"));
+    }
+    loaded.frame.Children->setActiveSubWindow(ProjectForm[0]);
+    const BoxAnswers noBox;
+    RunCommand(loaded.frame, byToolBar, loaded.frame.mnuFileSave, "Save");
+    QVERIFY(QFileInfo(ProjectSlots[0].FilePath).size() > 0);
+    QVERIFY(!QFileInfo::exists(ProjectSlots[1].FilePath));
+}
+
+void FrameCommandsTest::save_all_writes_every_project()
+{
+    LoadedFrame loaded;
+    const QTemporaryDir folder;
+    for (const char *name : {"one", "two", "three"}) {
+        loaded.NewProjectByMenu();
+        ProjectSlots[ActiveSlot()].FilePath = folder.filePath(QString::fromLatin1(name) + QStringLiteral(".spj"));
+    }
+    const BoxAnswers noBox;
+    loaded.frame.mnuFileSaveAllProject->trigger();
+    for (const int slot : {0, 1, 2})
+        QVERIFY(QFileInfo(ProjectSlots[slot].FilePath).size() > 0);
+    QCOMPARE(ActiveSlot(), 2);
+}
+
+void FrameCommandsTest::save_as_asks_for_a_file()
+{
+    LoadedFrame loaded;
+    loaded.NewProjectByMenu();
+    CancelledDialogue dialogue;
+    loaded.frame.mnuFileSaveAs->trigger();
+    QCOMPARE(dialogue.Title, QStringLiteral("Save project As..."));
+}
+
+void FrameCommandsTest::the_properties_are_kept_from_change_during_a_run()
+{
+    QFETCH(const bool, byToolBar);
+    LoadedFrame loaded;
+    loaded.NewProjectByMenu();
+    ProjectForm[0]->EndLumoBtn->setEnabled(true);
+    BoxAnswers answers({QMessageBox::Ok});
+    RunCommand(loaded.frame, byToolBar, loaded.frame.mnuToolsSensorOption, "Options");
+    answers.Add(QMessageBox::Ok);
+    loaded.frame.mnuSettingsSensorOption->trigger();
+    QCOMPARE(answers.Texts(), QStringList(2, QStringLiteral("Measuring is running, the project can not be edit! ")));
+    ProjectForm[0]->EndLumoBtn->setEnabled(false);
+}
+
+void FrameCommandsTest::only_the_tools_menu_sets_the_grid_after_the_properties()
+{
+    LoadedFrame loaded;
+    loaded.NewProjectByMenu();
+    ProjectForm[0]->EditDataView->setEnabled(false);
+    {
+        const CancelledDialogue dialogue;
+        loaded.frame.mnuSettingsSensorOption->trigger();
+    }
+    QVERIFY(!ProjectForm[0]->EditDataView->isEnabled());
+    {
+        const CancelledDialogue dialogue;
+        loaded.frame.mnuToolsSensorOption->trigger();
+    }
+    QVERIFY(ProjectForm[0]->EditDataView->isEnabled()); // this sensor has reference points
+}
+
+void FrameCommandsTest::a_toolbar_key_that_is_none_does_nothing()
+{
+    LoadedFrame loaded;
+    loaded.NewProjectByMenu();
+    const BoxAnswers noBox;
+    for (const char *key : {"Close", "new", "Disconnect", "CascadeWindows", "TileHorizontal ", ""})
+        emit loaded.frame.ToolBarButtonClick(QString::fromLatin1(key));
+    QVERIFY(ProjectForm[0]->isMaximized());
+    QVERIFY(FakeVisa::Lines().isEmpty());
+}
+
+void FrameCommandsTest::items_without_a_command_do_nothing_data()
+{
+    QTest::addColumn<QAction * MainFrm::*>("item");
+    using M = MainFrm;
+    for (QAction *M::*item : {&M::mnuFilePrint,          &M::mnuFilePrintPreview,
+                              &M::mnuFilePageSetup,      &M::mnuEditUndo,
+                              &M::mnuEditRedo,           &M::mnuEditCut,
+                              &M::mnuEditCopy,           &M::mnuEditPaste,
+                              &M::mnuEditDelete,         &M::mnuViewGrid,
+                              &M::mnuViewZoomIn,         &M::mnuViewZoomOut,
+                              &M::mnuViewZoomNot,        &M::mnuSettingsArithmeticSetting,
+                              &M::mnuSettingsUserDefine, &M::mnuSettingsIO,
+                              &M::mnuSettingsCommand,    &M::mnuLibrary,
+                              &M::mnuToolsRun,           &M::mnuToolsStop,
+                              &M::mnuToolsDisableSensor, &M::mnuPopEditDataExport})
+        QTest::newRow(qPrintable((MainFrm().*item)->objectName())) << item;
+}
+
+void FrameCommandsTest::items_without_a_command_do_nothing()
+{
+    QFETCH(QAction * MainFrm::*const, item);
+    LoadedFrame loaded;
+    loaded.NewProjectByMenu();
+    const QImage before = loaded.frame.Children->grab().toImage();
+    QAction *action = loaded.frame.*item;
+    action->setEnabled(true); // nothing keeps it from its command but that there is none
+    const BoxAnswers noBox;
+    const QSignalSpy triggered(action, &QAction::triggered);
+    action->trigger();
+    QCOMPARE(triggered.count(), 1);
+    QVERIFY(LinkUp);
+    QCOMPARE(ProjectCount, std::int16_t{1});
+    QVERIFY(FakeVisa::Lines().isEmpty());
+    QCOMPARE(loaded.frame.Children->grab().toImage(), before);
 }
 
 void FrameCommandsTest::connect_and_disconnect_reach_the_instrument()
 {
     QFETCH(const bool, byToolBar);
     const LoadedFrame loaded;
-    const auto run = [&](QAction *item, const char *key) {
-        (byToolBar ? loaded.frame.ToolBarButton(QString(key)) : item)->trigger();
-    };
-    run(loaded.frame.mnuToolsConnect, "Connect");
+    RunCommand(loaded.frame, byToolBar, loaded.frame.mnuToolsConnect, "Connect");
     QVERIFY(LinkUp);
     QCOMPARE(InstrumentKind, InstrumentKindKV7050);
     QCOMPARE(loaded.frame.sbrStatus->PanelText(2), QStringLiteral("Connect"));
     QVERIFY(loaded.frame.picLED_ON->isVisible());
     QVERIFY(loaded.frame.mnuToolsConnect->isEnabled());
-    run(loaded.frame.mnuToolsDisconnect, "DisConnect");
+    RunCommand(loaded.frame, byToolBar, loaded.frame.mnuToolsDisconnect, "DisConnect");
     QVERIFY(!LinkUp);
     QCOMPARE(loaded.frame.sbrStatus->PanelText(2), QStringLiteral("Unconnected"));
     QVERIFY(loaded.frame.picLED_OFF->isVisible());
@@ -153,83 +280,6 @@ void FrameCommandsTest::a_lost_instrument_is_noticed_by_the_watch()
     QTRY_VERIFY(!LinkUp);
     QTRY_VERIFY(!loaded.frame.CheckLinkTimer->isActive());
     QCOMPARE(answers.Left(), 0);
-}
-
-void FrameCommandsTest::horizontal_tiles_lie_one_above_the_other()
-{
-    LoadedFrame loaded;
-    for (int project = 1; project <= 3; ++project)
-        loaded.NewProjectByMenu();
-    loaded.frame.ToolBarButton(QStringLiteral("TileHorizontal"))->trigger();
-    const QSize area = loaded.frame.Children->viewport()->size();
-    QList<int> tops;
-    int heights = 0;
-    for (const QMdiSubWindow *window : loaded.frame.Children->subWindowList()) {
-        QVERIFY(!window->isMaximized());
-        QCOMPARE(window->x(), 0);
-        QCOMPARE(window->width(), area.width());
-        tops.append(window->y());
-        heights += window->height();
-    }
-    QCOMPARE(Sorted(tops), (QList<int>{0, area.height() / 3, area.height() * 2 / 3}));
-    QCOMPARE(heights, area.height());
-}
-
-void FrameCommandsTest::vertical_tiles_stand_side_by_side()
-{
-    LoadedFrame loaded;
-    for (int project = 1; project <= 2; ++project)
-        loaded.NewProjectByMenu();
-    loaded.frame.mnuWindowTileVertical->trigger();
-    const QSize area = loaded.frame.Children->viewport()->size();
-    QList<int> lefts;
-    int widths = 0;
-    for (const QMdiSubWindow *window : loaded.frame.Children->subWindowList()) {
-        QCOMPARE(window->y(), 0);
-        QCOMPARE(window->height(), area.height());
-        lefts.append(window->x());
-        widths += window->width();
-    }
-    QCOMPARE(Sorted(lefts), (QList<int>{0, area.width() / 2}));
-    QCOMPARE(widths, area.width());
-}
-
-void FrameCommandsTest::cascaded_windows_overlap()
-{
-    LoadedFrame loaded;
-    for (int project = 1; project <= 2; ++project)
-        loaded.NewProjectByMenu();
-    loaded.frame.ToolBarButton(QStringLiteral("CasadeWindows"))->trigger();
-    const QList<QMdiSubWindow *> windows = loaded.frame.Children->subWindowList();
-    QVERIFY(!windows[0]->isMaximized() && !windows[1]->isMaximized());
-    QVERIFY(windows[0]->pos() != windows[1]->pos());
-    QVERIFY(windows[0]->geometry().intersects(windows[1]->geometry()));
-}
-
-void FrameCommandsTest::minimised_windows_stay_out_of_the_tiles()
-{
-    LoadedFrame loaded;
-    for (int project = 1; project <= 2; ++project)
-        loaded.NewProjectByMenu();
-    ProjectForm[1]->showMinimized();
-    loaded.frame.mnuWindowTileHorizontal->trigger();
-    QVERIFY(ProjectForm[1]->isMinimized());
-    QCOMPARE(ProjectForm[0]->geometry(), QRect(QPoint(0, 0), loaded.frame.Children->viewport()->size()));
-}
-
-void FrameCommandsTest::the_window_menu_lists_the_projects()
-{
-    LoadedFrame loaded;
-    QCOMPARE(ListedWindows(*loaded.frame.mnuWindow), QStringList());
-    loaded.NewProjectByMenu();
-    loaded.NewProjectByMenu();
-    QCOMPARE(ListedWindows(*loaded.frame.mnuWindow),
-             (QStringList{QStringLiteral("&1 Project-1"), QStringLiteral("* &2 Project-2")}));
-    auto *list = loaded.frame.mnuWindow->findChild<QActionGroup *>();
-    list->actions()[1]->trigger(); // behind the separator
-    QCOMPARE(ActiveSlot(), 0);
-    loaded.CloseProject(0);
-    QCOMPARE(ListedWindows(*loaded.frame.mnuWindow), QStringList{QStringLiteral("* &1 Project-2")});
 }
 
 QTEST_MAIN(FrameCommandsTest)

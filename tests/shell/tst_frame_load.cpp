@@ -3,6 +3,7 @@
 #include "link/DeviceChoiceFrm.h"
 #include "platform/SettingsStore.h"
 #include "shell/FrameBench.h"
+#include "support/Hands.h"
 
 namespace {
 
@@ -32,8 +33,8 @@ private slots:
     void damaged_io_settings_are_told_and_the_load_goes_on();
     void each_damaged_setting_is_told_on_its_own();
     void the_load_puts_all_tables_in_place();
-    void commands_without_handler_are_out_of_sight();
     void controls_without_command_are_out_of_sight();
+    void a_project_window_exports_and_imports_its_reference_table();
 };
 
 void FrameLoadTest::a_first_run_is_english_and_stores_nothing()
@@ -148,30 +149,32 @@ void FrameLoadTest::the_load_puts_all_tables_in_place()
     QCOMPARE(NodeTexts(), QStringList{QStringLiteral("Project Group")});
 }
 
-void FrameLoadTest::commands_without_handler_are_out_of_sight()
-{
-    const LoadedFrame loaded;
-    for (const char *name :
-         {"mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFileSaveAllProject", "mnuToolsSensorOption",
-          "mnuToolsEnableSensor", "mnuHelpContents", "mnuWindowArrangeIcons"})
-        QVERIFY2(!loaded.frame.findChild<QAction *>(QString(name))->isVisible(), name);
-    for (const char *key : {"Open", "Save", "Options", "Help"})
-        QVERIFY2(!loaded.frame.ToolBarButton(QString(key))->isVisible(), key);
-    for (const char *key : {"New", "Connect", "DisConnect", "TileHorizontal", "TileVertical", "CasadeWindows"})
-        QVERIFY2(loaded.frame.ToolBarButton(QString(key))->isVisible(), key);
-}
-
 void FrameLoadTest::controls_without_command_are_out_of_sight()
 {
     LoadedFrame loaded;
     const SensorProjFrm &form = loaded.NewProjectByMenu();
-    for (const QWidget *control : std::initializer_list<const QWidget *>{
-             form.ReplayFrame, form.DataFrame, form.PictureFrame, form.ColorRfLumoBtn, form.LabColor2,
-             form.ColorLumoBtn, form.LabColor, form.ImportLumoBtn, form.ExportLumoBtn})
+    for (const QWidget *control :
+         std::initializer_list<const QWidget *>{form.ReplayFrame, form.DataFrame, form.PictureFrame,
+                                                form.ColorRfLumoBtn, form.LabColor2, form.ColorLumoBtn, form.LabColor})
         QVERIFY2(control->isHidden(), qPrintable(control->objectName()));
     for (const QWidget *control :
-         std::initializer_list<const QWidget *>{form.MeasureFrame, form.ZoomFrame, form.UndoLumoBtn})
+         std::initializer_list<const QWidget *>{form.MeasureFrame, form.ZoomFrame, form.ImportLumoBtn,
+                                                form.ExportLumoBtn, form.UndoLumoBtn, form.RedoLumoBtn})
         QVERIFY2(!control->isHidden(), qPrintable(control->objectName()));
+}
+
+void FrameLoadTest::a_project_window_exports_and_imports_its_reference_table()
+{
+    LoadedFrame loaded;
+    const SensorProjFrm &form = loaded.NewProjectByMenu();
+    BoxAnswers answers({QMessageBox::Ok});
+    Click(form.ExportLumoBtn);
+    QCOMPARE(answers.Texts(), QStringList{QStringLiteral("No reference point! ")});
+    const WhenModal dialogue(QStringLiteral("CommonDialog"), [](QWidget *dialog) {
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Import reference datas"));
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    Click(form.ImportLumoBtn);
 }
 
 QTEST_MAIN(FrameLoadTest)

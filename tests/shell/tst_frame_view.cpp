@@ -54,12 +54,16 @@ private slots:
 
 void FrameViewTest::the_first_tick_shows_the_panel()
 {
-    const LoadedFrame loaded;
+    LoadedFrame loaded;
     QVERIFY(!loaded.frame.TabDock->PanelVisible(ProjectSheetPanel));
     QVERIFY(loaded.frame.TimerInit->isActive());
     QTRY_VERIFY(loaded.frame.TabDock->PanelVisible(ProjectSheetPanel));
     QVERIFY(!loaded.frame.TimerInit->isActive());
     QTRY_COMPARE(ProjectSheet->width(), 200);
+    auto *dock = loaded.frame.findChild<QDockWidget *>(QStringLiteral("ProjectSheet"));
+    QVERIFY(dock != nullptr);
+    QCOMPARE(dock->widget(), ProjectSheet);
+    QCOMPARE(loaded.frame.dockWidgetArea(dock), Qt::LeftDockWidgetArea);
 }
 
 void FrameViewTest::the_first_tick_leaves_a_hidden_panel_hidden()

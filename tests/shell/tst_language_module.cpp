@@ -1,141 +1,71 @@
 /// @file
-/// The captions of all windows in both languages, against a table of their own.
-#include "curve/EditDataFrm.h"
-#include "link/DeviceChoiceFrm.h"
-#include "project/SensorPropertyFrm.h"
-#include "shell/LanguageModule.h"
-#include "shell/ProjectSheetFrm.h"
-#include "shell/ProjectTreeModule.h"
-#include "support/BareFrame.h"
+/// When the captions are set, in which order, and what is left alone.
+#include "shell/LanguageBench.h"
 
-#include <QFile>
-#include <QRegularExpression>
 #include <QTest>
 
-#include <memory>
+#include <functional>
 
 namespace {
 
-constexpr int Slot = 3; ///< of the open project
 constexpr int FreeSlot = 4;
 
-/// One line of the table of captions.
-struct Caption {
-    QString Window;
-    QString Control;
-    QString English;
-    QString Chinese;
-};
-
-QList<Caption> ReadCaptions()
-{
-    QFile file(QStringLiteral(OSTRAKON_TEST_DATA "/captions.csv"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("no table of captions");
-    static const QRegularExpression line(QStringLiteral("^\"([^\"]*)\",\"([^\"]*)\",\"([^\"]*)\",\"([^\"]*)\"$"),
-                                         QRegularExpression::MultilineOption);
-    QList<Caption> captions;
-    for (const QRegularExpressionMatch &match : line.globalMatch(QString::fromUtf8(file.readAll())))
-        captions.append({match.captured(1), match.captured(2), match.captured(3), match.captured(4)});
-    captions.removeFirst(); // the titles of the table
-    return captions;
-}
-
-/// Everything that has captions.
-class Windows {
+/// What has been given a caption, in the order in which it was seen to change. What tells nobody of its change is asked
+/// each time another one changes.
+class ChangeLog : public QObject {
 public:
-    Windows()
+    explicit ChangeLog(LanguageBench &windows) : m_windows(windows), m_helpFile(HelpFile)
     {
-        ResetProjectTreeModule();
-        ProjectSheet = new ProjectSheetFrm(&bare.frame);
-        ProjectPanelVisible = true;
-        LoadProjectSheet();
-        bare.frame.TabDock->AddPanel(ProjectSheetPanel, ProjectSheet);
-        DeviceChoiceForm = &device;
-        project = &bare.AddProject(Slot);
-        ProjectSlots[Slot].NodeIndex = 2;
-        SensorProjects[Slot].InputUnit = QStringLiteral("mV");
-        SensorProjects[Slot].OutputUnit = QStringLiteral("kPa");
-        AddProjectNode(Slot);
-        ++ProjectNodeCount;
+        MainFrm &frame = windows.bare.frame;
+        const auto watchItem = [this](QAction *item, const char *name) {
+            connect(item, &QAction::changed, this, [this, name] { Note(name); });
+        };
+        watchItem(frame.ToolBarButton(QStringLiteral("New")), "first tool tip");
+        watchItem(frame.ToolBarButton(QStringLiteral("Help")), "last tool tip");
+        watchItem(frame.mnuFile->menuAction(), "first menu");
+        watchItem(frame.mnuHelpLang_English, "last menu item");
+        watchItem(frame.mnuPopEditDataAdd, "grid menu");
+        connect(ProjectSheet, &QWidget::windowTitleChanged, this, [this] { Note("panel"); });
+        connect(ProjectTree, &QTreeWidget::itemChanged, this,
+                [this](const QTreeWidgetItem *node) { Note(node == RootNode ? "root" : "page"); });
+        watchItem(ProjectSheet->findChild<QAction *>(QStringLiteral("mnuNewProject")), "first tree menu");
+        watchItem(ProjectSheet->findChild<QAction *>(QStringLiteral("mnuPop2NewProject")), "second tree menu");
+        LanguageBench::Project(0).RecordLumoBtn->installEventFilter(this);
+        LanguageBench::Project(1).RecordLumoBtn->installEventFilter(this);
     }
 
-    ~Windows()
+    QStringList Names;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
-        DeviceChoiceForm = nullptr;
-        ResetProjectTreeModule();
+        if (event->type() == QEvent::ToolTipChange)
+            Note("image button");
+        return QObject::eventFilter(watched, event);
     }
 
-    Windows(const Windows &) = delete;
-    Windows &operator=(const Windows &) = delete;
-
-    void Apply(std::int32_t language)
+private:
+    void Note(const char *name)
     {
-        CurrentLanguage = language;
-        LoadLanguage(language);
-        LoadEditDataLanguage(editData);
-        LoadSensorPropertyLanguage(sensorProperty);
+        if (HelpFile != m_helpFile)
+            Append("help file");
+        if (m_windows.device.BtOk->text() != QStringLiteral("OK"))
+            Append("device dialogue");
+        Append(name);
     }
 
-    QWidget *Window(const QString &name)
+    /// Once each time it comes, and what is only asked for once in all.
+    void Append(const char *name)
     {
-        if (name == QStringLiteral("MainFrm"))
-            return &bare.frame;
-        if (name == QStringLiteral("DeviceChoiceFrm"))
-            return &device;
-        if (name == QStringLiteral("EditDataFrm"))
-            return &editData;
-        if (name == QStringLiteral("SensorPropertyFrm"))
-            return &sensorProperty;
-        return name == QStringLiteral("SensorProjFrm") ? project : nullptr;
+        const QString text = QString::fromLatin1(name);
+        const bool asked = text == QStringLiteral("help file") || text == QStringLiteral("device dialogue");
+        if (asked ? !Names.contains(text) : Names.isEmpty() || Names.last() != text)
+            Names.append(text);
     }
 
-    BareFrame bare;
-    DeviceChoiceFrm device;
-    EditDataFrm editData;
-    SensorPropertyFrm sensorProperty;
-    SensorProjFrm *project = nullptr;
+    LanguageBench &m_windows;
+    QString m_helpFile;
 };
-
-/// What a user reads on a control.
-QString TextOf(const QObject *control)
-{
-    if (const auto *button = qobject_cast<const LumoButton *>(control))
-        return button->toolTip();
-    if (const auto *menu = qobject_cast<const QMenu *>(control))
-        return menu->title();
-    if (const auto *item = qobject_cast<const QAction *>(control))
-        return item->text();
-    if (const auto *label = qobject_cast<const QLabel *>(control))
-        return label->text();
-    if (const auto *button = qobject_cast<const QAbstractButton *>(control))
-        return button->text();
-    const auto *box = qobject_cast<const QLineEdit *>(control);
-    return box != nullptr ? box->text() : QStringLiteral("no control with a text");
-}
-
-QString ShownText(Windows &windows, const QString &window, const QString &control)
-{
-    if (window == QStringLiteral("ToolBar"))
-        return windows.bare.frame.ToolBarButton(control)->toolTip();
-    if (window == QStringLiteral("TabStrip"))
-        return windows.project->TabStrip->Caption(control.toInt());
-    if (window == QStringLiteral("EditDataView"))
-        return windows.project->EditDataView->ColumnTitle(control.toInt());
-    if (window == QStringLiteral("ProjectSheetFrm"))
-        return control == QStringLiteral("title") ? ProjectSheet->windowTitle() : ProjectSheet->NodeAt(1)->text(0);
-    if (control == QStringLiteral("title"))
-        return windows.Window(window)->windowTitle();
-    return TextOf(windows.Window(window)->findChild<QObject *>(control));
-}
-
-QStringList NodeTexts()
-{
-    QStringList texts;
-    for (int index = 1; index <= ProjectSheet->NodeCount(); ++index)
-        texts.append(ProjectSheet->NodeAt(index)->text(0));
-    return texts;
-}
 
 } // namespace
 
@@ -143,166 +73,190 @@ class LanguageModuleTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void every_caption_is_there_in_both_languages_data();
-    void every_caption_is_there_in_both_languages();
-    void the_table_has_every_row();
-    void columns_with_units_follow_the_project();
-    void the_panel_s_dock_shows_its_caption();
-    void nodes_follow_the_language();
-    void a_hidden_panel_keeps_the_root_text_until_it_is_shown_again();
+    void captions_are_set_in_order();
+    void the_help_file_lies_beside_the_program();
+    void captions_replace_those_of_the_design();
+    void a_hidden_panel_keeps_its_texts_until_it_is_shown_again();
+    void the_rest_switches_while_the_panel_is_hidden();
+    void a_language_that_is_neither_is_english_data();
     void a_language_that_is_neither_is_english();
     void a_free_slot_is_left_alone();
-    void an_open_dialogue_keeps_its_language();
-    void a_dialogue_takes_the_current_language();
+    void a_dialogue_keeps_its_language_until_it_opens_anew_data();
+    void a_dialogue_keeps_its_language_until_it_opens_anew();
+    void the_device_choice_switches_at_once();
     void without_panel_and_dialogue_nothing_fails();
-
-private:
-    std::unique_ptr<Windows> m_windows; ///< shared by the rows of the table
 };
 
-void LanguageModuleTest::initTestCase()
+void LanguageModuleTest::captions_are_set_in_order()
 {
-    m_windows = std::make_unique<Windows>();
-}
-
-void LanguageModuleTest::cleanupTestCase()
-{
-    m_windows.reset();
-}
-
-void LanguageModuleTest::every_caption_is_there_in_both_languages_data()
-{
-    QTest::addColumn<QString>("window");
-    QTest::addColumn<QString>("control");
-    QTest::addColumn<QString>("english");
-    QTest::addColumn<QString>("chinese");
-    for (const Caption &row : ReadCaptions())
-        QTest::addRow("%s %s", qPrintable(row.Window), qPrintable(row.Control))
-            << row.Window << row.Control << row.English << row.Chinese;
-}
-
-void LanguageModuleTest::every_caption_is_there_in_both_languages()
-{
-    QFETCH(const QString, window);
-    QFETCH(const QString, control);
-    QFETCH(const QString, english);
-    QFETCH(const QString, chinese);
-    m_windows->Apply(LanguageChinese);
-    QCOMPARE(ShownText(*m_windows, window, control), chinese);
-    m_windows->Apply(LanguageEnglish);
-    QCOMPARE(ShownText(*m_windows, window, control), english);
-}
-
-void LanguageModuleTest::the_table_has_every_row()
-{
-    std::map<QString, int> rows;
-    for (const Caption &row : ReadCaptions())
-        ++rows[row.Window];
-    const std::map<QString, int> expected{
-        {QStringLiteral("ToolBar"), 10},          {QStringLiteral("MainFrm"), 42},
-        {QStringLiteral("ProjectSheetFrm"), 2},   {QStringLiteral("TabStrip"), 3},
-        {QStringLiteral("EditDataView"), 3},      {QStringLiteral("DeviceChoiceFrm"), 2},
-        {QStringLiteral("SensorProjFrm"), 16},    {QStringLiteral("EditDataFrm"), 11},
-        {QStringLiteral("SensorPropertyFrm"), 15}};
-    QCOMPARE(rows, expected);
-}
-
-void LanguageModuleTest::columns_with_units_follow_the_project()
-{
-    Windows windows;
+    LanguageBench windows;
     windows.Apply(LanguageEnglish);
-    QCOMPARE(windows.project->EditDataView->ColumnTitle(2), QStringLiteral("Unit: mV"));
-    QCOMPARE(windows.project->EditDataView->ColumnTitle(3), QStringLiteral("Unit: kPa"));
+    const ChangeLog log(windows);
+    LoadLanguage(LanguageChinese);
+    const QStringList steps{"first tool tip",  "last tool tip",    "first menu",     "last menu item",
+                            "help file",       "grid menu",        "panel",          "root",
+                            "first tree menu", "second tree menu", "device dialogue"};
+    const QStringList project{"page", "image button"};
+    QCOMPARE(log.Names, steps + project + project);
+}
+
+void LanguageModuleTest::the_help_file_lies_beside_the_program()
+{
+    LanguageBench windows;
+    windows.Apply(LanguageEnglish);
+    QCOMPARE(HelpFile, QCoreApplication::applicationDirPath() + QStringLiteral("/Ostrakon Help_EN.chm"));
     windows.Apply(LanguageChinese);
-    QCOMPARE(windows.project->EditDataView->ColumnTitle(2), QStringLiteral("单位\uFF1A mV"));
-    QCOMPARE(windows.project->EditDataView->ColumnTitle(3), QStringLiteral("单位\uFF1A kPa"));
-    QCOMPARE(windows.project->EditDataView->columnCount(), 5);
+    QCOMPARE(HelpFile, QCoreApplication::applicationDirPath() + QStringLiteral("/Ostrakon Help.chm"));
 }
 
-void LanguageModuleTest::the_panel_s_dock_shows_its_caption()
+void LanguageModuleTest::captions_replace_those_of_the_design()
 {
-    Windows windows;
-    const auto *dock = qobject_cast<QWidget *>(ProjectSheet->parentWidget());
-    windows.Apply(LanguageChinese);
-    QCOMPARE(dock->windowTitle(), QStringLiteral("工程"));
+    LanguageBench windows;
+    const MainFrm &frame = windows.bare.frame;
+    QCOMPARE(frame.mnuFileNew->text(), QStringLiteral("&New Project"));
+    QCOMPARE(frame.mnuToolsEnableSensor->text(), QStringLiteral("&Load Project to Instrument"));
+    QCOMPARE(frame.mnuPopEditDataChange->text(), QStringLiteral("Change"));
+    QCOMPARE(windows.sendProject.LabLenTitle->text(), QStringLiteral("Data length"));
+    QCOMPARE(windows.wave2Colours.DotFrame->title(), QStringLiteral("Dot Color"));
     windows.Apply(LanguageEnglish);
-    QCOMPARE(dock->windowTitle(), QStringLiteral("Project"));
+    QCOMPARE(frame.mnuFileNew->text(), QStringLiteral("&New Project..."));
+    QCOMPARE(frame.mnuToolsEnableSensor->text(), QStringLiteral("&Send Project to Instrument..."));
+    QCOMPARE(frame.mnuPopEditDataChange->text(), QStringLiteral("Modify..."));
+    QCOMPARE(windows.sendProject.LabLenTitle->text(), QStringLiteral("Data Length"));
+    QCOMPARE(windows.wave2Colours.DotFrame->title(), QStringLiteral("Measure Dot Color"));
 }
 
-void LanguageModuleTest::nodes_follow_the_language()
+void LanguageModuleTest::a_hidden_panel_keeps_its_texts_until_it_is_shown_again()
 {
-    Windows windows;
-    windows.Apply(LanguageChinese);
-    QCOMPARE(NodeTexts(),
-             (QStringList{QStringLiteral("工程组"), QStringLiteral("Project-4"), QStringLiteral("传感器参考曲线"),
-                          QStringLiteral("传感器数据编辑"), QStringLiteral("传感器测量曲线")}));
+    LanguageBench windows;
     windows.Apply(LanguageEnglish);
-    QCOMPARE(NodeTexts(), (QStringList{QStringLiteral("Project Group"), QStringLiteral("Project-4"),
-                                       QStringLiteral("Reference Curve"), QStringLiteral("Edit Data"),
-                                       QStringLiteral("Measure Curve")}));
-}
-
-void LanguageModuleTest::a_hidden_panel_keeps_the_root_text_until_it_is_shown_again()
-{
-    Windows windows;
-    windows.Apply(LanguageEnglish);
+    const auto *treeItem = ProjectSheet->findChild<QAction *>(QStringLiteral("mnuCloseProject"));
+    QVERIFY(treeItem != nullptr);
     HideProjectPanel();
     QVERIFY(!ProjectPanelVisible);
     windows.Apply(LanguageChinese);
     QCOMPARE(ProjectRootText, QStringLiteral("Project Group"));
     QCOMPARE(ProjectSheet->windowTitle(), QStringLiteral("Project"));
-    QCOMPARE(windows.bare.frame.mnuFile->title(), QStringLiteral("文件"));
-    QCOMPARE(windows.project->TabStrip->Caption(1), QStringLiteral("传感器参考曲线"));
+    QCOMPARE(treeItem->text(), QStringLiteral("&Close Project"));
     ProjectPanelVisible = true;
     ShowProjectPanel();
     QCOMPARE(ProjectSheet->NodeAt(1)->text(0), QStringLiteral("Project Group"));
     LoadLanguage(CurrentLanguage);
     QCOMPARE(ProjectRootText, QStringLiteral("工程组"));
     QCOMPARE(ProjectSheet->NodeAt(1)->text(0), QStringLiteral("工程组"));
+    QCOMPARE(ProjectSheet->windowTitle(), QStringLiteral("工程"));
+    QCOMPARE(treeItem->text(), QStringLiteral("关闭工程"));
+}
+
+void LanguageModuleTest::the_rest_switches_while_the_panel_is_hidden()
+{
+    LanguageBench windows;
+    windows.Apply(LanguageEnglish);
+    HideProjectPanel();
+    windows.Apply(LanguageChinese);
+    QCOMPARE(windows.bare.frame.mnuFile->title(), QStringLiteral("文件"));
+    QCOMPARE(windows.bare.frame.mnuPopEditDataAdd->text(), QStringLiteral("添加..."));
+    QCOMPARE(windows.device.BtOk->text(), QStringLiteral("确定"));
+    for (int number = 0; number < 2; ++number) {
+        QCOMPARE(LanguageBench::Project(number).TabStrip->Caption(1), QStringLiteral("传感器参考曲线"));
+        QCOMPARE(LanguageBench::Project(number).RecordLumoBtn->Caption(), QStringLiteral("开始测量"));
+    }
+}
+
+void LanguageModuleTest::a_language_that_is_neither_is_english_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::newRow("2") << 2;
+    QTest::newRow("-1") << -1;
 }
 
 void LanguageModuleTest::a_language_that_is_neither_is_english()
 {
-    Windows windows;
+    QFETCH(const int, language);
+    LanguageBench windows;
     windows.Apply(LanguageChinese);
-    windows.Apply(2);
+    windows.Apply(language);
     QCOMPARE(windows.bare.frame.mnuFileNew->text(), QStringLiteral("&New Project..."));
     QCOMPARE(windows.sensorProperty.windowTitle(), QStringLiteral("Sensor Property"));
+    QCOMPARE(windows.sendProject.windowTitle(), QStringLiteral("Send Project"));
+    QVERIFY(HelpFile.endsWith(QStringLiteral("/Ostrakon Help_EN.chm")));
+    // A site that tests for English alone speaks Chinese then.
+    QCOMPARE(Wording(QStringLiteral("English"), QStringLiteral("Chinese")), QStringLiteral("English"));
+    QCOMPARE(WordingUnlessEnglish(QStringLiteral("English"), QStringLiteral("Chinese")), QStringLiteral("Chinese"));
 }
 
 void LanguageModuleTest::a_free_slot_is_left_alone()
 {
-    Windows windows;
+    LanguageBench windows;
     SensorProjFrm &other = windows.bare.AddProject(FreeSlot);
     other.TabStrip->SetCaption(1, QStringLiteral("before"));
     ProjectOccupied[FreeSlot] = false;
     windows.Apply(LanguageChinese);
     QCOMPARE(other.TabStrip->Caption(1), QStringLiteral("before"));
-    QCOMPARE(windows.project->TabStrip->Caption(1), QStringLiteral("传感器参考曲线"));
+    QCOMPARE(other.RecordLumoBtn->Caption(), QString());
+    QCOMPARE(LanguageBench::Project(1).TabStrip->Caption(1), QStringLiteral("传感器参考曲线"));
 }
 
-void LanguageModuleTest::an_open_dialogue_keeps_its_language()
+void LanguageModuleTest::a_dialogue_keeps_its_language_until_it_opens_anew_data()
 {
-    Windows windows;
+    QTest::addColumn<std::function<QString(const LanguageBench &)>>("caption");
+    QTest::addColumn<std::function<void(LanguageBench &)>>("openAnew");
+    QTest::addColumn<QString>("english");
+    QTest::addColumn<QString>("chinese");
+    using Read = std::function<QString(const LanguageBench &)>;
+    using Open = std::function<void(LanguageBench &)>;
+    QTest::newRow("reference points") << Read([](const LanguageBench &windows) {
+        return windows.editData.SegmentLab->text();
+    }) << Open([](LanguageBench &windows) { LoadEditDataLanguage(windows.editData); })
+                                      << "Segment dot? "
+                                      << "分段点? ";
+    QTest::newRow("sensor") << Read([](const LanguageBench &windows) {
+        return windows.sensorProperty.ComdEnter->text();
+    }) << Open([](LanguageBench &windows) { LoadSensorPropertyLanguage(windows.sensorProperty); })
+                            << "Done"
+                            << "确定";
+    QTest::newRow("colours of the reference picture")
+        << Read([](const LanguageBench &windows) { return windows.refColours.LeastDotFrame->title(); })
+        << Open([](LanguageBench &windows) { LoadRefColourLanguage(windows.refColours); }) << "Least Dot Color"
+        << "二乘法点颜色";
+    QTest::newRow("colours of the values")
+        << Read([](const LanguageBench &windows) { return windows.wave1Colours.DotFrame->title(); })
+        << Open([](LanguageBench &windows) { LoadWave1ColourLanguage(windows.wave1Colours); }) << "Dot Color"
+        << "点颜色";
+    QTest::newRow("colours of the readings")
+        << Read([](const LanguageBench &windows) { return windows.wave2Colours.DotFrame->title(); })
+        << Open([](LanguageBench &windows) { LoadWave2ColourLanguage(windows.wave2Colours); }) << "Measure Dot Color"
+        << "点颜色";
+    QTest::newRow("send") << Read([](const LanguageBench &windows) { return windows.sendProject.ComSend->text(); })
+                          << Open([](LanguageBench &windows) { LoadSendProjectLanguage(windows.sendProject); })
+                          << "Send"
+                          << "发送";
+}
+
+void LanguageModuleTest::a_dialogue_keeps_its_language_until_it_opens_anew()
+{
+    QFETCH(const std::function<QString(const LanguageBench &)>, caption);
+    QFETCH(const std::function<void(LanguageBench &)>, openAnew);
+    LanguageBench windows;
     windows.Apply(LanguageEnglish);
     CurrentLanguage = LanguageChinese;
     LoadLanguage(LanguageChinese);
-    QCOMPARE(windows.editData.OkCmd->text(), QStringLiteral("OK"));
-    QCOMPARE(windows.sensorProperty.ComdEnter->text(), QStringLiteral("Done"));
-    QCOMPARE(windows.device.BtOk->text(), QStringLiteral("确定"));
+    QTEST(caption(windows), "english");
+    openAnew(windows);
+    QTEST(caption(windows), "chinese");
+    CurrentLanguage = LanguageEnglish;
+    LoadLanguage(LanguageEnglish);
+    QTEST(caption(windows), "chinese");
+    openAnew(windows);
+    QTEST(caption(windows), "english");
 }
 
-void LanguageModuleTest::a_dialogue_takes_the_current_language()
+void LanguageModuleTest::the_device_choice_switches_at_once()
 {
-    Windows windows;
-    CurrentLanguage = LanguageChinese;
-    LoadEditDataLanguage(windows.editData);
-    QCOMPARE(windows.editData.SegmentLab->text(), QStringLiteral("分段点? "));
-    CurrentLanguage = LanguageEnglish;
-    LoadEditDataLanguage(windows.editData);
-    QCOMPARE(windows.editData.SegmentLab->text(), QStringLiteral("Segment dot? "));
+    LanguageBench windows;
+    windows.Apply(LanguageEnglish);
+    LoadLanguage(LanguageChinese);
+    QCOMPARE(windows.device.LabelInfo->text(), QStringLiteral("请选择设备。"));
 }
 
 void LanguageModuleTest::without_panel_and_dialogue_nothing_fails()
@@ -310,10 +264,12 @@ void LanguageModuleTest::without_panel_and_dialogue_nothing_fails()
     BareFrame bare;
     ResetProjectTreeModule();
     DeviceChoiceForm = nullptr;
-    SensorProjFrm &form = bare.AddProject(0);
+    const SensorProjFrm &form = bare.AddProject(0);
     LoadLanguage(LanguageChinese);
     QCOMPARE(form.TabStrip->Caption(3), QStringLiteral("传感器测量曲线"));
     QCOMPARE(ProjectRootText, QString());
+    LoadLanguage(LanguageEnglish);
+    QCOMPARE(form.TabStrip->Caption(3), QStringLiteral("Measure Curve"));
 }
 
 QTEST_MAIN(LanguageModuleTest)

@@ -1,5 +1,6 @@
 /// @file
 /// Which commands are enabled with and without an open project, and where the check marks stand.
+#include "shell/EnablementTable.h"
 #include "shell/ProjectSheetFrm.h"
 #include "shell/ProjectTreeModule.h"
 #include "shell/SystemStatus.h"
@@ -8,17 +9,6 @@
 #include <QTest>
 
 namespace {
-
-/// Whether a command is enabled as it was set. The toolkit disables whatever is out of sight, so it is brought into
-/// sight for the look.
-bool EnabledAsSet(QAction &command)
-{
-    const bool shown = command.isVisible();
-    command.setVisible(true);
-    const bool enabled = command.isEnabled();
-    command.setVisible(shown);
-    return enabled;
-}
 
 void UpdateBoth()
 {
@@ -34,8 +24,8 @@ class SystemStatusTest : public QObject {
 private slots:
     void commands_follow_the_number_of_projects_data();
     void commands_follow_the_number_of_projects();
-    void other_commands_are_always_enabled_data();
-    void other_commands_are_always_enabled();
+    void the_two_routines_keep_to_their_own_commands();
+    void link_and_run_change_nothing_data();
     void link_and_run_change_nothing();
     void check_marks_follow_panel_and_language_data();
     void check_marks_follow_panel_and_language();
@@ -46,29 +36,23 @@ private slots:
 void SystemStatusTest::commands_follow_the_number_of_projects_data()
 {
     QTest::addColumn<bool>("inToolBar");
+    QTest::addColumn<bool>("none");
     QTest::addColumn<bool>("some");
-    for (const char *button : {"Save", "Options", "TileHorizontal", "TileVertical", "CasadeWindows"})
-        QTest::newRow(button) << true << true;
-    for (const char *item :
-         {"mnuFileSave", "mnuFileSaveAs", "mnuFileSaveAllProject", "mnuFileCloseAllProjects", "mnuSettingsSensorOption",
-          "mnuToolsEnableSensor", "mnuToolsSensorOption", "mnuWindowTileHorizontal", "mnuWindowTileVertical",
-          "mnuWindowArrangeIcons", "mnuWindowCascade"})
-        QTest::newRow(item) << false << true;
-    for (const char *item :
-         {"mnuSettingsArithmeticSetting", "mnuSettingsUserDefine", "mnuSettingsCommand", "mnuSettingsIO"})
-        QTest::newRow(item) << false << false;
+    for (const CommandState &command : CommandStates)
+        QTest::newRow(command.Name) << command.InToolBar << command.None << command.Some;
 }
 
 void SystemStatusTest::commands_follow_the_number_of_projects()
 {
     QFETCH(const bool, inToolBar);
+    QFETCH(const bool, none);
     QFETCH(const bool, some);
     BareFrame bare;
     const QString name = QString::fromLatin1(QTest::currentDataTag());
     QAction *command = inToolBar ? bare.frame.ToolBarButton(name) : bare.frame.findChild<QAction *>(name);
     QVERIFY(command != nullptr);
     UpdateBoth();
-    QCOMPARE(EnabledAsSet(*command), false);
+    QCOMPARE(EnabledAsSet(*command), none);
     for (const std::int16_t count : {std::int16_t{1}, std::int16_t{10}}) {
         ProjectCount = count;
         UpdateBoth();
@@ -76,48 +60,52 @@ void SystemStatusTest::commands_follow_the_number_of_projects()
     }
     ProjectCount = 0;
     UpdateBoth();
-    QCOMPARE(EnabledAsSet(*command), false);
+    QCOMPARE(EnabledAsSet(*command), none);
 }
 
-void SystemStatusTest::other_commands_are_always_enabled_data()
+void SystemStatusTest::the_two_routines_keep_to_their_own_commands()
 {
-    QTest::addColumn<bool>("inToolBar");
-    for (const char *button : {"New", "Open", "Connect", "DisConnect", "Help"})
-        QTest::newRow(button) << true;
-    for (const char *item : {"mnuFileNew", "mnuFileOpen", "mnuToolsConnect", "mnuToolsDisconnect"})
-        QTest::newRow(item) << false;
-}
-
-void SystemStatusTest::other_commands_are_always_enabled()
-{
-    QFETCH(const bool, inToolBar);
     BareFrame bare;
-    const QString name = QString::fromLatin1(QTest::currentDataTag());
-    const QAction *command = inToolBar ? bare.frame.ToolBarButton(name) : bare.frame.findChild<QAction *>(name);
-    QVERIFY(command != nullptr);
-    for (const bool link : {false, true}) {
-        LinkUp = link;
-        for (const std::int16_t count : {std::int16_t{0}, std::int16_t{1}}) {
-            ProjectCount = count;
-            UpdateBoth();
-            QVERIFY(command->isEnabled());
-        }
-    }
+    QAction *button = bare.frame.ToolBarButton(QStringLiteral("Save"));
+    UpdateBoth();
+    ProjectCount = 1;
+    UpdateToolbarState();
+    QVERIFY(button->isEnabled());
+    QVERIFY(!bare.frame.mnuFileSave->isEnabled());
+    UpdateMenuState();
+    QVERIFY(bare.frame.mnuFileSave->isEnabled());
+    ProjectCount = 0;
+    UpdateMenuState();
+    QVERIFY(button->isEnabled());
+    QVERIFY(!bare.frame.mnuFileSave->isEnabled());
+}
+
+void SystemStatusTest::link_and_run_change_nothing_data()
+{
+    QTest::addColumn<bool>("link");
+    QTest::addColumn<bool>("run");
+    QTest::newRow("link") << true << false;
+    QTest::newRow("run") << false << true;
+    QTest::newRow("link and run") << true << true;
 }
 
 void SystemStatusTest::link_and_run_change_nothing()
 {
+    QFETCH(const bool, link);
+    QFETCH(const bool, run);
     BareFrame bare;
-    ProjectCount = 1;
-    LinkUp = true;
-    Measuring = true;
-    UpdateBoth();
-    QVERIFY(bare.frame.mnuFileSave->isEnabled());
-    QVERIFY(bare.frame.mnuToolsEnableSensor->isEnabled());
-    LinkUp = false;
-    Measuring = false;
-    UpdateBoth();
-    QVERIFY(bare.frame.mnuToolsEnableSensor->isEnabled());
+    for (const std::int16_t count : {std::int16_t{0}, std::int16_t{1}}) {
+        ProjectCount = count;
+        LinkUp = link;
+        Measuring = run;
+        UpdateBoth();
+        for (const CommandState &state : CommandStates) {
+            const QString name = QString::fromLatin1(state.Name);
+            QAction *command = state.InToolBar ? bare.frame.ToolBarButton(name) : bare.frame.findChild<QAction *>(name);
+            QVERIFY2(EnabledAsSet(*command) == (count > 0 ? state.Some : state.None), state.Name);
+        }
+        QVERIFY(!bare.frame.mnuToolsConnect->isChecked());
+    }
 }
 
 void SystemStatusTest::check_marks_follow_panel_and_language_data()
