@@ -10,6 +10,10 @@
 
 namespace {
 
+constexpr int RowColumn = 1;
+constexpr int ArithmeticColumn = 4;
+constexpr int SegmentColumn = 5;
+
 QString ArithmeticText(const ReferencePoint &point)
 {
     if (!point.Segment)
@@ -19,12 +23,16 @@ QString ArithmeticText(const ReferencePoint &point)
                                  : Wording(QStringLiteral("Least"), QStringLiteral("曲线拟和"));
 }
 
+QString SegmentText(const ReferencePoint &point)
+{
+    return point.Segment ? Wording(QStringLiteral("Yes"), QStringLiteral("是"))
+                         : Wording(QStringLiteral("No"), QStringLiteral("否"));
+}
+
 QStringList LineOfRow(int row, const ReferencePoint &point)
 {
     return {QString::number(row), FormatInputValue(GeneralNumber(point.Input)),
-            FormatOutputValue(GeneralNumber(point.Output)), ArithmeticText(point),
-            point.Segment ? Wording(QStringLiteral("Yes"), QStringLiteral("是"))
-                          : Wording(QStringLiteral("No"), QStringLiteral("否"))};
+            FormatOutputValue(GeneralNumber(point.Output)), ArithmeticText(point), SegmentText(point)};
 }
 
 void FillList(ReportList &list, const ReferenceRows &rows)
@@ -58,5 +66,18 @@ void RefreshReferenceLists()
         form->EditDataView->ClearLines();
         if (!SensorProjects[slot].IsBuiltInSensor)
             FillList(*form->EditDataView, ReferenceTable[slot]);
+    }
+}
+
+void TranslateReferenceLists()
+{
+    for (int slot = 0; slot < SlotCount; ++slot) {
+        const SensorProjFrm *form = ProjectForm[slot];
+        for (int line = 1; form != nullptr && line <= form->EditDataView->LineCount(); ++line) {
+            const int row = RoundToInt32(WholeNumber(form->EditDataView->LineText(line, RowColumn)));
+            const ReferencePoint &point = ReferenceTable[slot].at(row);
+            form->EditDataView->SetLineText(line, ArithmeticColumn, ArithmeticText(point));
+            form->EditDataView->SetLineText(line, SegmentColumn, SegmentText(point));
+        }
     }
 }

@@ -67,8 +67,9 @@ void RenameSelectedNode()
 
 void SwitchAllTexts(std::int32_t language)
 {
+    CurrentLanguage = language;
+    TranslateReferenceLists(); // ahead of the rest, which ends where the choice cannot be stored
     SwitchLanguage(language);
-    TranslateReferenceLists();
 }
 
 struct ToolBarCommand {

@@ -49,6 +49,7 @@ private slots:
     void slots_from_the_project_count_on_are_left_alone();
     void the_list_of_a_built_in_sensor_is_emptied();
     void a_slot_without_a_window_is_passed_over();
+    void lines_change_their_language_where_they_stand();
 };
 
 void ReferenceListTest::a_line_tells_its_row_in_both_languages_data()
@@ -211,6 +212,31 @@ void ReferenceListTest::a_slot_without_a_window_is_passed_over()
     PutRow(1, 1, 7, 7);
     RefreshReferenceLists();
     QCOMPARE(form.EditDataView->LineText(1, 2), QStringLiteral("7.0"));
+}
+
+void ReferenceListTest::lines_change_their_language_where_they_stand()
+{
+    BareFrame bare;
+    const SensorProjFrm &form = AddListProject(bare, 4); // also beyond the count of open projects
+    CurrentLanguage = LanguageEnglish;
+    ProjectCount = 5;
+    PutRow(4, 1, 1, 10, true, 0);
+    PutRow(4, 2, 2, 20);
+    PutRow(4, 3, 3, 30, true, 1);
+    RefreshReferenceLists();
+    form.EditDataView->SelectLine(2, true);
+    ProjectCount = 1;
+
+    CurrentLanguage = LanguageChinese;
+    TranslateReferenceLists();
+    QCOMPARE(TextsOfLine(form, 1), (QStringList{u"1"_qs, u"1.0"_qs, u"10.0"_qs, u"线性插值"_qs, u"是"_qs}));
+    QCOMPARE(TextsOfLine(form, 2), (QStringList{u"2"_qs, u"2.0"_qs, u"20.0"_qs, QString(), u"否"_qs}));
+    QCOMPARE(TextsOfLine(form, 3), (QStringList{u"3"_qs, u"3.0"_qs, u"30.0"_qs, u"曲线拟和"_qs, u"是"_qs}));
+    QCOMPARE(SelectedLines(form), QList<int>{2});
+
+    CurrentLanguage = LanguageEnglish;
+    TranslateReferenceLists();
+    QCOMPARE(TextsOfLine(form, 3), (QStringList{u"3"_qs, u"3.0"_qs, u"30.0"_qs, u"Least"_qs, u"Yes"_qs}));
 }
 
 QTEST_MAIN(ReferenceListTest)

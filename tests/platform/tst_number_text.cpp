@@ -324,6 +324,12 @@ private slots:
 
     void whatDoesNotFitOverflows()
     {
+        QCOMPARE(int(RoundToUInt8(254.5)), 254);
+        QCOMPARE(int(RoundToUInt8(255.4)), 255);
+        QCOMPARE(int(RoundToUInt8(-0.5)), 0);
+        QCOMPARE(ErrorOf([] { RoundToUInt8(255.5); }), 6);
+        QCOMPARE(ErrorOf([] { RoundToUInt8(300); }), 6);
+        QCOMPARE(ErrorOf([] { RoundToUInt8(-0.6); }), 6);
         QCOMPARE(ErrorOf([] { RoundToInt16(32767.5); }), 6);
         QCOMPARE(ErrorOf([] { RoundToInt16(-32768.6); }), 6);
         QCOMPARE(RoundToInt32(2147483647.4), 2147483647);
@@ -333,10 +339,24 @@ private slots:
         QCOMPARE(ErrorOf([] { FloorToInt32(2147483648.0); }), 6);
         QCOMPARE(ErrorOf([] { FloorToInt32(-2147483648.1); }), 6);
         for (const double value : {Infinity, -Infinity, NotANumber}) {
+            QCOMPARE(ErrorOf([&] { RoundToUInt8(value); }), 6);
             QCOMPARE(ErrorOf([&] { RoundToInt16(value); }), 6);
             QCOMPARE(ErrorOf([&] { RoundToInt32(value); }), 6);
             QCOMPARE(ErrorOf([&] { FloorToInt32(value); }), 6);
         }
+    }
+
+    void aSingleIsTheNearestOne()
+    {
+        constexpr float most = std::numeric_limits<float>::max();
+        QCOMPARE(RoundToSingle(0.1), 0.1F);
+        QCOMPARE(RoundToSingle(16777217.0), 16777216.0F); // 2^24 + 1 is a tie, to even
+        QCOMPARE(RoundToSingle(-2.5), -2.5F);
+        QCOMPARE(RoundToSingle(1e-60), 0.0F);
+        QVERIFY(RoundToSingle(double(most)) == most);
+        QVERIFY(RoundToSingle(-double(most)) == -most);
+        for (const double value : {1e39, -1e39, 3.4028236e38, Infinity, -Infinity, NotANumber})
+            QCOMPARE(ErrorOf([&] { RoundToSingle(value); }), 6);
     }
 
     void theFloorIsNeverAboveTheValue()

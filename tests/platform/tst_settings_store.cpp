@@ -3,6 +3,7 @@
 
 #include "platform/SettingsStore.h"
 #include "support/ErrorOf.h"
+#include "support/UserWithoutRights.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,36 +13,11 @@
 
 #include <memory>
 
-#include <unistd.h>
-
 namespace {
 
 const QString Application = QStringLiteral("Ostrakon");
 const QString Section = QStringLiteral("IOSetting");
 const QString Key = QStringLiteral("IOType");
-
-/// File modes bind no superuser. As long as this lives, the process acts as a user without rights.
-class UserWithoutRights {
-public:
-    UserWithoutRights() : m_before(geteuid())
-    {
-        if (m_before == 0)
-            m_bound = seteuid(65534) == 0;
-    }
-    ~UserWithoutRights()
-    {
-        if (m_before == 0 && seteuid(0) != 0)
-            qFatal("The superuser's rights do not come back");
-    }
-    UserWithoutRights(const UserWithoutRights &) = delete;
-    UserWithoutRights &operator=(const UserWithoutRights &) = delete;
-
-    bool IsBound() const { return m_bound; }
-
-private:
-    uid_t m_before;
-    bool m_bound = true;
-};
 
 constexpr QFile::Permissions ReadOnlyFolder =
     QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;

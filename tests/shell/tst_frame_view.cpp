@@ -1,7 +1,9 @@
 /// @file
 /// Bars, project panel and indicators of the frame, and its commands for sight and language.
+#include "curve/ReferenceListModule.h"
 #include "link/DeviceChoiceFrm.h"
 #include "shell/FrameBench.h"
+#include "support/PutRow.h"
 
 #include <QDockWidget>
 #include <QMenuBar>
@@ -218,6 +220,8 @@ void FrameViewTest::the_language_commands_switch_at_once_and_store()
 {
     LoadedFrame loaded;
     const SensorProjFrm &form = loaded.NewProjectByMenu();
+    PutRow(0, 1, 1, 1, true);
+    RefreshReferenceLists();
     QCOMPARE(Store().allKeys(), QStringList());
     loaded.frame.mnuHelpLang_Chinese->trigger();
     QCOMPARE(CurrentLanguage, 0);
@@ -225,6 +229,7 @@ void FrameViewTest::the_language_commands_switch_at_once_and_store()
     QVERIFY(!loaded.frame.mnuHelpLang_English->isChecked());
     QCOMPARE(Store().value(QStringLiteral("Language/Currentlang")).toString(), QStringLiteral("0"));
     QCOMPARE(form.RecordLumoBtn->Caption(), QStringLiteral("开始测量"));
+    QCOMPARE(form.EditDataView->LineText(1, 4), QStringLiteral("线性插值"));
     QCOMPARE(ProjectSheet->NodeAt(4)->text(0), QStringLiteral("传感器数据编辑"));
     QCOMPARE(DeviceChoiceForm->LabelInfo->text(), QStringLiteral("请选择设备。"));
     loaded.frame.mnuHelpLang_English->trigger();
@@ -247,6 +252,7 @@ void FrameViewTest::about_tells_the_version()
     loaded.frame.mnuHelpAbout->trigger();
     QCOMPARE(answers.Shown()[0].Title, QStringLiteral("About Ostrakon For KV7000 Series"));
     QCOMPARE(answers.Shown()[1].Title, QStringLiteral("关于 Ostrakon For KV7000 Series"));
+    QCOMPARE(answers.Texts()[1], answers.Texts()[0]);
     QCOMPARE(answers.Shown()[0].Icon, QMessageBox::NoIcon);
     const QStringList lines = answers.Texts()[0].split(QStringLiteral("\r\n"));
     QCOMPARE(lines.size(), 3);

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QList>
 #include <QMessageBox>
+#include <QPointer>
 #include <QStringList>
 #include <QTest>
 #include <QTimer>
@@ -77,7 +78,7 @@ private:
     void Look()
     {
         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (box == nullptr || !box->isVisible())
+        if (box == nullptr || !box->isVisible() || box == m_before)
             return;
         ShownBox shown{box->windowTitle(), box->text(), box->icon(), box->standardButtons(), QMessageBox::NoButton};
         if (!m_answers.isEmpty())
@@ -91,6 +92,7 @@ private:
         box->reject();
     }
 
+    QPointer<QWidget> m_before = QApplication::activeModalWidget(); ///< a box that was up already is not its matter
     QList<QMessageBox::StandardButton> m_answers;
     QList<ShownBox> m_shown;
     QTimer m_poll;
