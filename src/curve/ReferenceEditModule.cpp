@@ -29,13 +29,6 @@ bool UserAgrees(const QString &english, const QString &chinese)
     return AskOkCancel(Wording(english, chinese), Wording(QStringLiteral("Warning"), QStringLiteral("警告")));
 }
 
-void OfferUndo(int slot, bool undo)
-{
-    const SensorProjFrm &form = FormOfSlot(slot);
-    form.UndoLumoBtn->setEnabled(undo);
-    form.RedoLumoBtn->setEnabled(!undo);
-}
-
 void ClearRows(ReferenceRows &rows)
 {
     std::for_each(rows.begin() + 1, rows.end(), [](ReferencePoint &point) { point.Used = false; });
@@ -142,6 +135,13 @@ void RedoReferenceEdit(int slot)
 {
     ExchangeWithBackup(slot);
     OfferUndo(slot, true);
+}
+
+void OfferUndo(int slot, bool undo)
+{
+    const SensorProjFrm &form = FormOfSlot(slot);
+    form.UndoLumoBtn->setEnabled(undo);
+    form.RedoLumoBtn->setEnabled(!undo);
 }
 
 void ConnectReferenceEdit(SensorProjFrm &form)

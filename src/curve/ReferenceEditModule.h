@@ -16,6 +16,9 @@ void mnuPopEditDataDeleteAll_Click();
 void UndoReferenceEdit(int slot);
 void RedoReferenceEdit(int slot);
 
+/// Lets the user of a slot's window undo but not redo, or redo but not undo.
+void OfferUndo(int slot, bool undo);
+
 /// The list with its pop-up menu and double click, and the undo and redo buttons of a window.
 void ConnectReferenceEdit(SensorProjFrm &form);
 

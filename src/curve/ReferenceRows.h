@@ -16,7 +16,7 @@ extern std::array<ReferenceRows, SlotCount> ReferenceBackup;
 /// Rows to show selected after the next refresh, by row number. They travel with their rows through the sort.
 extern std::array<bool, ReferenceRowLimit + 1> RowMarks;
 
-extern std::int32_t ReferenceRowCount; ///< used rows at the start of an add
+extern std::int32_t ReferenceRowCount; ///< used rows at the start of an add or an export
 extern std::int32_t EditRowNumber;     ///< the row handed to the dialogue, from 1
 extern std::int16_t EditDataMode;      ///< EditDataModeAdd or EditDataModeChange
 

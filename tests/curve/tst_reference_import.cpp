@@ -1,0 +1,336 @@
+/// @file
+/// The import of a reference table: what a whole file makes of the table, the list and the two buttons of undo.
+#include "curve/ReferenceFileBench.h"
+#include "measure/RunState.h"
+#include "support/CommaLocale.h"
+
+#include <memory>
+
+class ReferenceImportTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_bench = std::make_unique<ReferenceFileBench>();
+        QVERIFY(m_bench->FolderIsFit());
+    }
+    void cleanup() { m_bench.reset(); }
+
+    void a_file_replaces_the_whole_table_data();
+    void a_file_replaces_the_whole_table();
+    void what_was_exported_comes_back_data();
+    void what_was_exported_comes_back();
+    void the_list_shows_the_rows();
+    void the_units_of_the_rows_stay_empty();
+    void a_count_beyond_the_table_loads_500_rows();
+    void undo_brings_the_old_table_back_and_redo_the_new_one();
+    void an_import_ends_an_older_undo();
+    void rows_are_sorted_and_equal_ones_stay();
+    void limits_of_the_dialogue_do_not_hold();
+    void any_arithmetic_of_a_csv_file_is_shown_as_least();
+    void marks_stay_with_their_row_numbers();
+    void the_curve_stays_applied();
+    void a_running_measurement_does_not_keep_from_it();
+    void a_built_in_sensor_takes_a_table();
+    void the_active_project_takes_the_table();
+
+    void the_filter_decides_the_layout_and_the_name_data();
+    void the_filter_decides_the_layout_and_the_name();
+    void a_point_in_a_folder_cuts_the_path();
+    void the_built_path_stands_before_the_chosen_file();
+    void a_locale_with_a_comma_changes_nothing();
+    void a_file_closes_when_it_is_read();
+    void a_cancelled_dialogue_ends_the_import();
+
+private:
+    /// Puts the file that was made by hand into the folder.
+    void PutFile(const QString &name, ReferenceDataLayout layout = Csv)
+    {
+        QVERIFY(PutBytes(m_bench->Path(name), DataBytes(layout == Csv ? QStringLiteral("reference_three_rows.CSV")
+                                                                      : QStringLiteral("reference_three_rows.txt"))));
+    }
+
+    std::unique_ptr<ReferenceFileBench> m_bench;
+};
+
+void ReferenceImportTest::a_file_replaces_the_whole_table_data()
+{
+    AddLayouts();
+}
+
+void ReferenceImportTest::a_file_replaces_the_whole_table()
+{
+    QFETCH(ReferenceDataLayout, layout);
+    for (int row = 1; row <= ReferenceRowLimit; ++row)
+        PutRow(0, row, row, row);
+    PutFile(QStringLiteral("data.x"), layout);
+    QVERIFY(QFile::rename(m_bench->Path(QStringLiteral("data.x")),
+                          m_bench->Path(layout == Csv ? QStringLiteral("data.CSV") : QStringLiteral("data.txt"))));
+    m_bench->Import(QStringLiteral("data.x"), layout); // asks nothing
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+    QVERIFY(m_bench->project.UndoLumoBtn->isEnabled());
+    QVERIFY(!m_bench->project.RedoLumoBtn->isEnabled());
+}
+
+void ReferenceImportTest::what_was_exported_comes_back_data()
+{
+    AddLayouts();
+}
+
+void ReferenceImportTest::what_was_exported_comes_back()
+{
+    QFETCH(ReferenceDataLayout, layout);
+    m_bench->PutTable(WideItems());
+    SortReferenceTable(0);
+    const QStringList rows = UsedRows(ReferenceTable[0]);
+    QCOMPARE(rows.size(), 4);
+    const BoxAnswers none;
+    ClickAndAnswer(m_bench->project.ExportLumoBtn, m_bench->Path(QStringLiteral("data.x")), layout);
+    m_bench->PutTable({});
+    m_bench->Import(QStringLiteral("data.x"), layout);
+    QCOMPARE(UsedRows(ReferenceTable[0]), rows);
+}
+
+void ReferenceImportTest::the_list_shows_the_rows()
+{
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    const ReportList &list = *m_bench->project.EditDataView;
+    QCOMPARE(list.LineCount(), 3);
+    QCOMPARE(list.LineText(1, 2), QStringLiteral("-2.5"));
+    QCOMPARE(list.LineText(2, 3), QStringLiteral("20.0"));
+    QCOMPARE(list.LineText(2, 4), QStringLiteral("Line"));
+    QCOMPARE(list.LineText(3, 5), QStringLiteral("No"));
+}
+
+void ReferenceImportTest::the_units_of_the_rows_stay_empty()
+{
+    for (int row = 1; row <= 3; ++row) {
+        PutRow(0, row, row, row);
+        ReferenceTable[0][row].InputText = QStringLiteral("mV");
+        ReferenceTable[0][row].OutputText = QStringLiteral("C");
+    }
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    for (int row = 1; row <= 3; ++row) {
+        QVERIFY(ReferenceTable[0][row].InputText.isEmpty() && ReferenceTable[0][row].OutputText.isEmpty());
+        QCOMPARE(ReferenceBackup[0][row].InputText, QStringLiteral("mV"));
+    }
+}
+
+void ReferenceImportTest::a_count_beyond_the_table_loads_500_rows()
+{
+    QByteArray bytes = "501,,,\r\n";
+    for (int row = 1; row <= 501; ++row)
+        bytes += QByteArray::number(row) + ",0,False,0\r\n";
+    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("data.CSV")), bytes));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(LastUsedRow(0), 500);
+    QCOMPARE(ReferenceTable[0][500].Input, 500.0);
+    QCOMPARE(m_bench->project.EditDataView->LineCount(), 500);
+}
+
+void ReferenceImportTest::undo_brings_the_old_table_back_and_redo_the_new_one()
+{
+    ReferenceRows old = TableOf({{1, 2, true, 1}, {3, 4, false, 0}});
+    old[1].InputText = QStringLiteral("mV");
+    m_bench->PutTable(old);
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    const SensorProjFrm &form = m_bench->project;
+    Click(form.UndoLumoBtn);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(old));
+    QCOMPARE(ReferenceTable[0][1].InputText, QStringLiteral("mV"));
+    QCOMPARE(form.EditDataView->LineCount(), 2);
+    QVERIFY(!form.UndoLumoBtn->isEnabled() && form.RedoLumoBtn->isEnabled());
+    Click(form.RedoLumoBtn);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+    QVERIFY(form.UndoLumoBtn->isEnabled() && !form.RedoLumoBtn->isEnabled());
+}
+
+void ReferenceImportTest::an_import_ends_an_older_undo()
+{
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    Click(m_bench->project.UndoLumoBtn);
+    QVERIFY(m_bench->project.RedoLumoBtn->isEnabled());
+    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("other.CSV")), "1,,,\r\n7,8,True,1\r\n"));
+    m_bench->Import(QStringLiteral("other.CSV"), Csv);
+    QVERIFY(!m_bench->project.RedoLumoBtn->isEnabled());
+    Click(m_bench->project.UndoLumoBtn);
+    QVERIFY(UsedRows(ReferenceTable[0]).isEmpty()); // ahead of this import, not of the one before
+}
+
+void ReferenceImportTest::rows_are_sorted_and_equal_ones_stay()
+{
+    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("data.CSV")),
+                     "4,,,\r\n9,1,True,0\r\n5,2,False,0\r\n5,3,False,1\r\n-1,4,True,1\r\n"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{-1, 5, 5, 9}));
+    QCOMPARE(ReferenceTable[0][1].Output, 4.0);
+    QCOMPARE(ReferenceTable[0][4].Output, 1.0);
+    QCOMPARE(ReferenceTable[0][2].Output + ReferenceTable[0][3].Output, 5.0);
+}
+
+void ReferenceImportTest::limits_of_the_dialogue_do_not_hold()
+{
+    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("data.CSV")), "2,,,\r\n1E-30,-1E+200,False,0\r\n1E+9,0,False,0\r\n"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(TableOf({{1e-30, -1e200, false, 0}, {1e9, 0, false, 0}})));
+}
+
+void ReferenceImportTest::any_arithmetic_of_a_csv_file_is_shown_as_least()
+{
+    QVERIFY(
+        PutBytes(m_bench->Path(QStringLiteral("data.CSV")), "3,,,\r\n1,1,True,0\r\n2,1,True,7\r\n3,1,True,-32768\r\n"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(int(ReferenceTable[0][2].Arithmetic), 7);
+    QCOMPARE(int(ReferenceTable[0][3].Arithmetic), -32768);
+    const ReportList &list = *m_bench->project.EditDataView;
+    QCOMPARE(list.LineText(1, 4), QStringLiteral("Line"));
+    QCOMPARE(list.LineText(2, 4), QStringLiteral("Least"));
+    QCOMPARE(list.LineText(3, 4), QStringLiteral("Least"));
+}
+
+/// The sort carries them on.
+void ReferenceImportTest::marks_stay_with_their_row_numbers()
+{
+    m_bench->PutTable(TableOf({{1, 1, false, 0}, {2, 2, false, 0}, {3, 3, false, 0}}));
+    RowMarks[2] = true;
+    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("data.CSV")),
+                     "3,,,\r\n10,0,False,0\r\n30,0,False,0\r\n20,0,False,0\r\n"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QVERIFY(!RowMarks[1] && !RowMarks[2] && RowMarks[3]);
+    QVERIFY(m_bench->project.EditDataView->LineSelected(3));
+}
+
+void ReferenceImportTest::the_curve_stays_applied()
+{
+    PutFile(QStringLiteral("data.CSV"));
+    ProjectSlots[0].CurveApplied = true;
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QVERIFY(ProjectSlots[0].CurveApplied);
+    QVERIFY(!ProjectSlots[0].Dirty);
+}
+
+void ReferenceImportTest::a_running_measurement_does_not_keep_from_it()
+{
+    PutFile(QStringLiteral("data.CSV"));
+    Measuring = true;
+    m_bench->project.RecordLumoBtn->setEnabled(false);
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+    QVERIFY(Measuring);
+}
+
+void ReferenceImportTest::a_built_in_sensor_takes_a_table()
+{
+    SensorProjects[0].IsBuiltInSensor = true;
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+    QCOMPARE(m_bench->project.EditDataView->LineCount(), 0);
+    QVERIFY(m_bench->project.UndoLumoBtn->isEnabled());
+}
+
+void ReferenceImportTest::the_active_project_takes_the_table()
+{
+    const SensorProjFrm &other = m_bench->AddFileProject(1);
+    PutFile(QStringLiteral("data.CSV"));
+    const BoxAnswers none;
+    ClickAndAnswer(other.ImportLumoBtn, m_bench->Path(QStringLiteral("data.CSV")));
+    QCOMPARE(UsedRows(ReferenceTable[1]), UsedRows(ThreeRows()));
+    QVERIFY(UsedRows(ReferenceTable[0]).isEmpty());
+    QVERIFY(other.UndoLumoBtn->isEnabled());
+    QVERIFY(!m_bench->project.UndoLumoBtn->isEnabled());
+}
+
+void ReferenceImportTest::the_filter_decides_the_layout_and_the_name_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<ReferenceDataLayout>("layout");
+    QTest::addColumn<bool>("read");
+    const auto row = [](const char *chosen, const char *file, ReferenceDataLayout layout, bool read) {
+        QTest::addRow("%s, of %s as %s", chosen, file, layout == Csv ? "CSV" : "text")
+            << QString::fromUtf8(file) << layout << read;
+    };
+    row("data.CSV", "data.CSV", Csv, true);
+    row("data.txt", "data.txt", Text, true);
+    row("data.txt", "data.CSV", Csv, true);
+    row("data.CSV", "data.txt", Text, true);
+    row("data.dat", "data.CSV", Csv, true);
+    row("data.CSV", "data.CSV", Text, false); // there is no data.txt
+    row("data.dat", "data.dat", Csv, false);
+    row("data", "data", Csv, true); // a path without any point is used as it stands
+    row("data", "data", Text, true);
+    row("data", "data.CSV", Csv, false);
+    row("data.csv", "data.csv", Csv, true); // the case of a name does not matter
+    row("data.Txt", "data.Txt", Text, true);
+    row("data.TXT", "DATA.txt", Text, true);
+    row("温度.CSV", "温度.csv", Csv, true);
+}
+
+void ReferenceImportTest::the_filter_decides_the_layout_and_the_name()
+{
+    QFETCH(QString, file);
+    QFETCH(ReferenceDataLayout, layout);
+    QFETCH(bool, read);
+    const QString chosen = QString::fromUtf8(QTest::currentDataTag()).section(u',', 0, 0);
+    PutFile(file, layout);
+    m_bench->Import(chosen, layout); // a file that is not found ends it silently
+    QCOMPARE(UsedRows(ReferenceTable[0]), read ? UsedRows(ThreeRows()) : QStringList());
+    QCOMPARE(m_bench->project.UndoLumoBtn->isEnabled(), read);
+    QCOMPARE(NamesIn(m_bench->Folder()), QStringList{file});
+}
+
+void ReferenceImportTest::a_point_in_a_folder_cuts_the_path()
+{
+    QVERIFY(QDir().mkdir(m_bench->Path(QStringLiteral("v1.2"))));
+    PutFile(QStringLiteral("v1.2/x.CSV"));
+    m_bench->Import(QStringLiteral("v1.2/x.CSV"), Csv); // looks for v1.CSV
+    QVERIFY(UsedRows(ReferenceTable[0]).isEmpty());
+    PutFile(QStringLiteral("v1.CSV"));
+    m_bench->Import(QStringLiteral("v1.2/x.CSV"), Csv);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+}
+
+void ReferenceImportTest::the_built_path_stands_before_the_chosen_file()
+{
+    PutFile(QStringLiteral("data.CSV"));
+    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("data.csv")), "1,,,\r\n7,8,True,1\r\n"));
+    m_bench->Import(QStringLiteral("data.csv"), Csv);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+}
+
+void ReferenceImportTest::a_locale_with_a_comma_changes_nothing()
+{
+    const CommaLocale locale;
+    QVERIFY(locale.IsInForce());
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+}
+
+void ReferenceImportTest::a_file_closes_when_it_is_read()
+{
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QVERIFY(LockHolder(m_bench->Path(QStringLiteral("data.CSV")), LOCK_EX).Holds());
+}
+
+/// The name of an earlier import is not used again.
+void ReferenceImportTest::a_cancelled_dialogue_ends_the_import()
+{
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    m_bench->PutTable({});
+    m_bench->project.UndoLumoBtn->setEnabled(false);
+    const BoxAnswers none;
+    ClickAndAnswer(m_bench->project.ImportLumoBtn, {});
+    QVERIFY(UsedRows(ReferenceTable[0]).isEmpty());
+    QVERIFY(!m_bench->project.UndoLumoBtn->isEnabled());
+}
+
+QTEST_MAIN(ReferenceImportTest)
+#include "tst_reference_import.moc"
