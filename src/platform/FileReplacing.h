@@ -12,5 +12,6 @@
 /// Where the folder takes no new file beside the old one, the old one is overwritten in place, and gets its bytes back
 /// on an error; only there a crash on the way can do harm.
 /// @throws RuntimeError 70 without permission, for what is no regular file, and while another process holds a lock
-/// (flock) on it; 76 without its folder; 61 without room; 7 without memory; 57 for other errors of the device
+/// (flock) on it; 55 when this program has left it open; 76 without its folder; 61 without room; 7 without memory; 57
+/// for other errors of the device
 void ReplaceWholeFile(const QString &path, const QByteArray &bytes);
