@@ -40,6 +40,12 @@ ColorrizeFrm::ColorrizeFrm(const char *name, int rows, QWidget *parent) : QDialo
         Placed(NewButton("ComApply", "Apply", this), left + 2 * (ButtonWidth + Gap), top, ButtonWidth, ButtonHeight);
     DialogColor = Named<ColourDialog>("DialogColor", this);
     DialogColor->CancelError = true;
+    GridFrame = NewFrame("GridFrame", "Grid Color", 0, 0);
+    PicGrid = NewSwatch("PicGrid", GridFrame);
+    AbscissaFrame = NewFrame("AbscissaFrame", "Abscissa Color", 0, 1);
+    PicAbscissa = NewSwatch("PicAbscissa", AbscissaFrame);
+    OrdinateFrame = NewFrame("OrdinateFrame", "Ordinate Color", 1, 0);
+    PicOrdinate = NewSwatch("PicOrdinate", OrdinateFrame);
 }
 
 QGroupBox *ColorrizeFrm::NewFrame(const char *name, const char *caption, int row, int column)

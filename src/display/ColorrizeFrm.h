@@ -1,5 +1,6 @@
 /// @file
-/// What the three colour dialogues have in common: frames with a swatch each, three buttons and the colour chooser.
+/// What the three colour dialogues have in common: frames with a swatch each, the first three of them, three buttons
+/// and the colour chooser.
 #pragma once
 
 #include "controls/ColourDialog.h"
@@ -14,6 +15,8 @@ class ColorrizeFrm : public QDialog {
     Q_OBJECT
 
 public:
+    QGroupBox *GridFrame, *AbscissaFrame, *OrdinateFrame;
+    PictureBox *PicGrid, *PicAbscissa, *PicOrdinate;
     QPushButton *ComOK, *ComCancel, *ComApply;
     ColourDialog *DialogColor; ///< starts from the colour that it is given; a cancel is an error
 

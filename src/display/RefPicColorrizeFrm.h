@@ -10,6 +10,6 @@ class RefPicColorrizeFrm : public ColorrizeFrm {
 public:
     explicit RefPicColorrizeFrm(QWidget *parent = nullptr);
 
-    QGroupBox *GridFrame, *AbscissaFrame, *OrdinateFrame, *SegmentFrame, *LineDotFrame, *LeastDotFrame;
-    PictureBox *PicGrid, *PicAbscissa, *PicOrdinate, *PicSegment, *PicLineDot, *PicLeastDot;
+    QGroupBox *SegmentFrame, *LineDotFrame, *LeastDotFrame;
+    PictureBox *PicSegment, *PicLineDot, *PicLeastDot;
 };

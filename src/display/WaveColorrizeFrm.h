@@ -8,8 +8,7 @@ class WaveColorrizeFrm : public ColorrizeFrm {
     Q_OBJECT
 
 public:
-    QGroupBox *GridFrame, *AbscissaFrame, *OrdinateFrame, *DotFrame;
-    PictureBox *PicGrid, *PicAbscissa, *PicOrdinate;
+    QGroupBox *DotFrame;
     PictureBox *PicSegment; ///< required name: the swatch of DotFrame, although these curves have no segments
 
 protected:

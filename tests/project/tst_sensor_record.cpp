@@ -2,6 +2,7 @@
 /// From the controls of the sensor dialogue to the sensor definition.
 #include "project/SensorPropertyFrm.h"
 #include "project/SensorRecordModule.h"
+#include "project/SensorTable.h"
 #include "support/ErrorOf.h"
 
 #include <QTest>
@@ -26,27 +27,6 @@ void FillControls(SensorPropertyFrm &form, const QString &type, const QString &s
     form.CombSubType->ClearList();
     if (!subType.isEmpty())
         Show(form.CombSubType, subType);
-}
-
-/// A record whose every field differs from what the tests expect to be written.
-SensorProject OldRecord()
-{
-    SensorProject old;
-    old.SensorName = QStringLiteral("old");
-    old.MeasFunction = -1;
-    old.IsThermocouple = 77;
-    old.InputUnit = QStringLiteral("old in");
-    old.OutputUnit = QStringLiteral("old out");
-    old.OutputUnitIsUser = 77;
-    old.InputUnitScale = 77;
-    old.SensorTypeChars.fill(0xEE);
-    old.UnitChars.fill(0xDD);
-    old.BuiltInKind = 77;
-    old.RtdCode = 77;
-    old.ThermistorOhms = 77;
-    old.RtdR0 = 77;
-    old.TcLetterCode = 77;
-    return old;
 }
 
 } // namespace
