@@ -89,6 +89,13 @@ void RemoveNode(int index)
     delete node; // takes its children along
 }
 
+/// What a rebuild showed in the place of a project that was closed already goes with the last project.
+void RemoveLeftNodes()
+{
+    while (RootNode != nullptr && RootNode->childCount() > 0)
+        delete RootNode->child(0);
+}
+
 void ClearNodes()
 {
     for (ProjectSlot &slot : ProjectSlots)
@@ -152,6 +159,8 @@ void RemoveProjectNode(int slot)
     ErrorsSetAside hidden;
     hidden.Run([&] { RemoveNode(closing.NodeIndex); });
     --ProjectNodeCount;
+    if (ProjectNodeCount == 0)
+        RemoveLeftNodes();
 }
 
 void ShowNodeName(int slot)

@@ -99,6 +99,7 @@ private slots:
     void showing_the_panel_again_rebuilds_the_tree();
     void a_project_made_behind_a_hidden_panel_appears_with_it();
     void the_rebuild_takes_the_lowest_slots();
+    void the_last_project_takes_all_nodes_along();
     void a_panel_shown_twice_keeps_its_nodes();
     void nothing_is_loaded_while_all_is_closed();
     void the_tree_fills_the_panel();
@@ -285,6 +286,24 @@ void ProjectTreeTest::the_rebuild_takes_the_lowest_slots()
     QCOMPARE(Outline(), (QStringList{Group + u'2', QStringLiteral("/3"), QStringLiteral("Project-2/3")}));
     QCOMPARE(NodeIndices({0, 1}), (QList<int>{2, 6}));
     QCOMPARE(ProjectSheet->NodeAt(3)->text(0), QStringLiteral("Reference Curve"));
+}
+
+void ProjectTreeTest::the_last_project_takes_all_nodes_along()
+{
+    Panel panel;
+    panel.Open(0, 2);
+    panel.Open(1, 6);
+    panel.Open(2, 10);
+    panel.Close(0);
+    HideProjectPanel();
+    ProjectPanelVisible = true;
+    ShowProjectPanel();
+    // Two projects claim one node now, and one node stands for none.
+    panel.Close(1);
+    QCOMPARE(Outline(), (QStringList{Group + u'1', QStringLiteral("/3")}));
+    panel.Close(2);
+    QCOMPARE(Outline(), QStringList{Group + u'0'});
+    QCOMPARE(ProjectNodeCount, 0);
 }
 
 void ProjectTreeTest::a_panel_shown_twice_keeps_its_nodes()
