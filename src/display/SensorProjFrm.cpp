@@ -83,6 +83,9 @@ SensorProjFrm::SensorProjFrm()
 
 SensorProjFrm::~SensorProjFrm()
 {
+    // The box that has the keyboard loses it as it goes, when there is no window any more to tell about it.
+    for (QObject *control : findChildren<QObject *>())
+        control->blockSignals(true);
     // A window that goes while it is shown hands its activation on after this.
     if (mdiArea())
         disconnect(mdiArea(), nullptr, this, nullptr);

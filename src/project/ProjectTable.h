@@ -34,7 +34,7 @@ inline constexpr std::uint8_t Rtd = 1;
 inline constexpr std::uint8_t Thermistor = 2;
 } // namespace BuiltInKindCode
 
-/// One sensor definition, in the order of the project file's lines.
+/// One sensor definition. The project file's lines have an order of their own.
 struct SensorProject {
     QString SensorName;                ///< at most 9 characters by the dialogue's rule
     std::int32_t MeasFunction = 0;     ///< see MeasFunctionCode

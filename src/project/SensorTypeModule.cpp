@@ -45,10 +45,12 @@ void FillList(ListCombo *list, const QStringList &entries)
         list->AddItem(entry);
 }
 
-/// Chooses an entry, or the first one when this model, or a damaged project, has no such entry.
+/// Chooses an entry, or the first one when this model, or a damaged project, has no such entry. A function that no type
+/// stands for leaves the list of units empty.
 void Choose(ListCombo *list, int index)
 {
-    list->SetListIndex(index < list->ListCount() ? index : 0);
+    if (list->ListCount() > 0)
+        list->SetListIndex(index < list->ListCount() ? index : 0);
 }
 
 QStringList OfferedTypes()

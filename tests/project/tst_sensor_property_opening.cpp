@@ -53,6 +53,7 @@ private slots:
     void editInputUnit_data();
     void editInputUnit();
     void editShowsTheFirstEntryForUnknownCodes();
+    void editOpensForAFunctionWithoutAType();
     void editResistanceThermometer();
     void editMakesNoProject();
     void editIsFinishedByEnterInAList_data();
@@ -400,6 +401,19 @@ void TestSensorPropertyOpening::editShowsTheFirstEntryForUnknownCodes()
         QCOMPARE(form.Combtype->Text(), QStringLiteral("THERM"));
         QCOMPARE(form.CombSubType->ListIndex(), 0);
         QCOMPARE(form.CombSubType->Text(), QStringLiteral("2.2K"));
+    });
+}
+
+void TestSensorPropertyOpening::editOpensForAFunctionWithoutAType()
+{
+    const BoxAnswers none;
+    SensorProject damaged;
+    damaged.SensorName = QStringLiteral("Odd");
+    damaged.MeasFunction = 3;
+    damaged.InputUnit = QStringLiteral("mV");
+    OpenEdit(damaged, [](SensorPropertyFrm &form) {
+        QCOMPARE(form.Txtname->text(), QStringLiteral("Odd"));
+        QCOMPARE(form.CombInunit->ListCount(), 0);
     });
 }
 
