@@ -1,0 +1,182 @@
+/// @file
+/// The curve library beside the GNU Scientific Library: evaluation of 500 points joined by lines, at random x and at
+/// ascending x as a picture's columns ask for them, and the build of a "Least" stretch of 500 points.
+#include "RatioReporter.h"
+#include "curve/lintab/Lintab.h"
+
+#include <benchmark/benchmark.h>
+#include <gsl/gsl_interp.h>
+#include <gsl/gsl_multifit.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int PointCount = 500;
+constexpr std::size_t QueryCount = 1 << 14;
+constexpr int PeerDegree = 5;
+constexpr std::uint8_t Line = 0;
+constexpr std::uint8_t Least = 1;
+
+struct Table {
+    std::vector<CurvePoint> Points;
+    std::vector<CurveFlag> Flags;
+    std::vector<double> X; ///< the same, as the peer takes it
+    std::vector<double> Y;
+};
+
+/// Uneven steps, as of a table that was measured, and a value with a little noise.
+Table SensorTable(std::uint8_t arithmetic)
+{
+    std::mt19937_64 random(7);
+    std::uniform_real_distribution<double> step(0.2, 1.8);
+    std::normal_distribution<double> noise(0, 1e-4);
+    Table table;
+    double x = -3;
+    for (int i = 0; i < PointCount; ++i) {
+        x += step(random) / PointCount;
+        const double y = std::exp(0.4 * x) + 0.1 * std::sin(2 * x) + noise(random);
+        table.Points.push_back({x, y});
+        table.Flags.push_back({arithmetic, static_cast<std::uint8_t>(i == 0)});
+        table.X.push_back(x);
+        table.Y.push_back(y);
+    }
+    return table;
+}
+
+/// Inside the span, in no order.
+std::vector<double> Queries(const Table &table)
+{
+    std::mt19937_64 random(11);
+    std::uniform_real_distribution<double> position(table.X.front(), table.X.back());
+    std::vector<double> queries(QueryCount);
+    std::generate(queries.begin(), queries.end(), [&] { return position(random); });
+    return queries;
+}
+
+std::vector<double> AscendingQueries(const Table &table)
+{
+    std::vector<double> queries = Queries(table);
+    std::sort(queries.begin(), queries.end());
+    return queries;
+}
+
+void Build(const Table &table)
+{
+    SEN_Free();
+    if (SEN_NewBuild_Z(PointCount, table.Points.data(), table.Flags.data()) != 0)
+        std::abort();
+}
+
+template <typename Evaluate>
+void EvaluateAll(benchmark::State &state, const std::vector<double> &queries, const Evaluate &evaluate)
+{
+    for (auto _ : state) {
+        for (const double x : queries)
+            benchmark::DoNotOptimize(evaluate(x));
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(queries.size()));
+}
+
+void EvaluateOurs(benchmark::State &state, std::uint8_t arithmetic, bool ascending)
+{
+    const Table table = SensorTable(arithmetic);
+    Build(table);
+    EvaluateAll(state, ascending ? AscendingQueries(table) : Queries(table), SEN_Meas_Z);
+    SEN_Free();
+}
+
+void EvaluatePeer(benchmark::State &state, const gsl_interp_type *type, bool ascending)
+{
+    const Table table = SensorTable(Line);
+    gsl_interp *interpolation = gsl_interp_alloc(type, PointCount);
+    gsl_interp_accel *accelerator = gsl_interp_accel_alloc();
+    gsl_interp_init(interpolation, table.X.data(), table.Y.data(), PointCount);
+    EvaluateAll(state, ascending ? AscendingQueries(table) : Queries(table), [&](double x) {
+        return gsl_interp_eval(interpolation, table.X.data(), table.Y.data(), x, accelerator);
+    });
+    gsl_interp_accel_free(accelerator);
+    gsl_interp_free(interpolation);
+}
+
+void BuildOurs(benchmark::State &state)
+{
+    const Table table = SensorTable(Least);
+    for (auto _ : state)
+        Build(table);
+    SEN_Free();
+}
+
+/// One fit of a fixed degree, its matrix of powers included.
+void BuildPeer(benchmark::State &state)
+{
+    const Table table = SensorTable(Least);
+    gsl_multifit_linear_workspace *workspace = gsl_multifit_linear_alloc(PointCount, PeerDegree + 1);
+    gsl_matrix *powers = gsl_matrix_alloc(PointCount, PeerDegree + 1);
+    gsl_matrix *covariance = gsl_matrix_alloc(PeerDegree + 1, PeerDegree + 1);
+    gsl_vector *coefficients = gsl_vector_alloc(PeerDegree + 1);
+    const gsl_vector_const_view y = gsl_vector_const_view_array(table.Y.data(), PointCount);
+    for (auto _ : state) {
+        for (int i = 0; i < PointCount; ++i) {
+            double power = 1;
+            for (int k = 0; k <= PeerDegree; ++k, power *= table.X[i])
+                gsl_matrix_set(powers, i, k, power);
+        }
+        double chiSquare = 0;
+        gsl_multifit_linear(powers, &y.vector, coefficients, covariance, &chiSquare, workspace);
+        benchmark::DoNotOptimize(chiSquare);
+    }
+    gsl_vector_free(coefficients);
+    gsl_matrix_free(covariance);
+    gsl_matrix_free(powers);
+    gsl_multifit_linear_free(workspace);
+}
+
+const std::vector<Comparison> comparisons = {
+    {"curve_eval_random", "gsl", 5},
+    {"curve_eval_sequential", "gsl", 1},
+    {"curve_build_500", "gsl", 2},
+};
+
+void Register()
+{
+    const auto add = [](const char *name, auto routine) {
+        benchmark::RegisterBenchmark(name, routine)
+            ->MinTime(RepetitionSeconds)
+            ->Repetitions(Repetitions)
+            ->ReportAggregatesOnly();
+    };
+    for (const bool ascending : {false, true}) {
+        const std::string name = ascending ? "curve_eval_sequential" : "curve_eval_random";
+        add((name + "/ostrakon").c_str(), [=](benchmark::State &state) { EvaluateOurs(state, Line, ascending); });
+        add((name + "/gsl").c_str(),
+            [=](benchmark::State &state) { EvaluatePeer(state, gsl_interp_linear, ascending); });
+        add((name + "/ostrakon_least").c_str(),
+            [=](benchmark::State &state) { EvaluateOurs(state, Least, ascending); });
+    }
+    add("curve_build_500/ostrakon", BuildOurs);
+    add("curve_build_500/gsl", BuildPeer);
+}
+
+} // namespace
+
+int main(int argumentCount, char **arguments)
+{
+    // What is compared takes turns, so that a busy machine slows down both; what the command line says holds.
+    std::string takeTurns = "--benchmark_enable_random_interleaving=true";
+    std::vector<char *> all(arguments, arguments + argumentCount);
+    all.insert(all.begin() + 1, takeTurns.data());
+    argumentCount = static_cast<int>(all.size());
+    benchmark::Initialize(&argumentCount, all.data());
+    Register();
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return reporter.PrintRatios(comparisons) ? 0 : 1;
+}
