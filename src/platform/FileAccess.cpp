@@ -11,6 +11,11 @@ QByteArray InputFile::ReadAll() const
     return m_file.ReadAll();
 }
 
+QByteArray InputFile::ReadStart(qint64 most) const
+{
+    return m_file.ReadStart(most);
+}
+
 void InputFile::LeaveOpen(InputFile file)
 {
     PosixFile::LeaveOpen(std::move(file.m_file));
@@ -62,7 +67,14 @@ QByteArray InputFile::ReadAll() const
 {
     if (m_file->size() > LargestFile)
         throw RuntimeError(ErrorNumber::OutOfMemory);
-    const QByteArray bytes = m_file->readAll();
+    return ReadStart(LargestFile);
+}
+
+QByteArray InputFile::ReadStart(qint64 most) const
+{
+    QByteArray bytes;
+    if (m_file->seek(0))
+        bytes = m_file->read(most);
     if (m_file->error() != QFileDevice::NoError)
         throw RuntimeError(ErrorNumber::DeviceError);
     return bytes;

@@ -27,6 +27,9 @@ public:
     /// All bytes. @throws RuntimeError 7 for a file above 64 MiB, 57 for errors of the device
     QByteArray ReadAll() const;
 
+    /// The first bytes, as many as there are up to a number of them. @throws RuntimeError 57 for errors of the device
+    QByteArray ReadStart(qint64 most) const;
+
     /// Keeps a file open until the program ends. Others cannot hold it alone from then on, and this program does not
     /// write to it.
     static void LeaveOpen(InputFile file);

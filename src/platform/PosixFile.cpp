@@ -161,20 +161,29 @@ PosixFile PosixFile::Create(const QString &path, mode_t mode)
 
 QByteArray PosixFile::ReadAll() const
 {
+    const QByteArray bytes = ReadStart(LargestFile + 1);
+    if (bytes.size() > LargestFile)
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    return bytes;
+}
+
+QByteArray PosixFile::ReadStart(qint64 most) const
+{
     QByteArray bytes;
-    for (;;) {
+    while (bytes.size() < most) {
         const qsizetype before = bytes.size();
-        bytes.resize(before + ReadStep);
-        const ssize_t count =
-            Answer([&] { return pread(m_descriptor.Number(), bytes.data() + before, ReadStep, before); });
+        const qint64 step = std::min(ReadStep, most - before);
+        bytes.resize(before + step);
+        const ssize_t count = Answer([&] {
+            return pread(m_descriptor.Number(), bytes.data() + before, static_cast<std::size_t>(step), before);
+        });
         if (count < 0)
             ThrowSystemError(errno);
         bytes.resize(before + count);
         if (count == 0)
-            return bytes;
-        if (bytes.size() > LargestFile)
-            throw RuntimeError(ErrorNumber::OutOfMemory);
+            break;
     }
+    return bytes;
 }
 
 void PosixFile::WriteAt(qint64 position, QByteArrayView bytes) const

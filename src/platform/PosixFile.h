@@ -48,6 +48,9 @@ public:
     /// All bytes, wherever the file has been written or read before; 7 for a file above LargestFile.
     QByteArray ReadAll() const;
 
+    /// The first bytes, as many as there are up to a number of them.
+    QByteArray ReadStart(qint64 most) const;
+
     /// Writes all bytes at a position. After an error any part of them may have been written.
     void WriteAt(qint64 position, QByteArrayView bytes) const;
 

@@ -60,6 +60,7 @@ private slots:
 
     void the_bytes_and_nothing_else_stand_data();
     void the_bytes_and_nothing_else_stand();
+    void the_start_of_a_file_is_read();
     void a_new_file_has_the_mode_of_any_other();
     void an_old_file_stays_the_same_file();
     void a_link_stays_a_link();
@@ -109,6 +110,16 @@ void FileAccessTest::the_bytes_and_nothing_else_stand()
     QVERIFY(BytesOf(Path()) == bytes);
     QCOMPARE(NamesIn(m_folder->path()), QStringList(QStringLiteral("file.CSV")));
     QVERIFY(InputFile(Path()).ReadAll() == bytes);
+}
+
+void FileAccessTest::the_start_of_a_file_is_read()
+{
+    const QByteArray bytes = QByteArray("0123456789").repeated(20'000);
+    QVERIFY(PutBytes(Path(), bytes));
+    const InputFile file(Path());
+    for (const qint64 most : {0, 1, 65535, 65536, 65537, 200'000})
+        QVERIFY(file.ReadStart(most) == bytes.first(most)); // from the start, each time
+    QVERIFY(file.ReadStart(200'001) == bytes);
 }
 
 void FileAccessTest::a_new_file_has_the_mode_of_any_other()
