@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr qint64 MostBytes = qint64(16) << 20; ///< of a table; hundreds of times what 500 rows take
+
 constexpr int EmptyFields = 3; ///< behind the count, so that a spreadsheet sees the columns of the rows in every line
 
 QString ExtensionOf(ReferenceDataLayout layout)
@@ -53,11 +55,12 @@ void WriteRow(SequentialWriter &writer, const ReferencePoint &row, ReferenceData
     writer.EndLine();
 }
 
-/// Rows that a file holds; 0 when its first field is no number. A count beyond the table is the table's size.
+/// Rows that a file holds; 0 when its first field is negative or no number. A count beyond the table, however large, is
+/// the table's size.
 std::int32_t ReadCount(SequentialReader &reader)
 {
     try {
-        return std::min(RoundToInt32(reader.ReadNumber()), ReferenceRowLimit);
+        return RoundToInt32(std::clamp<double>(reader.ReadNumber(), 0, ReferenceRowLimit));
     } catch (const RuntimeError &error) {
         if (error.Number() != ErrorNumber::TypeMismatch)
             throw;
@@ -85,6 +88,14 @@ ReferenceDataRefusal ReadCsvMethod(SequentialReader &reader, ReferencePoint &row
     return ReferenceDataRefusal::None;
 }
 
+/// The last character of a text that does not begin with a blank. A number has a blank behind it.
+QChar LastCharacter(QStringView text)
+{
+    while (text.back() == u' ' || text.back() == u'\t')
+        text.chop(1);
+    return text.back();
+}
+
 /// Without a comma, the rest of a line is one text: the word and, as its last character, the arithmetic.
 ReferenceDataRefusal ReadTextMethod(SequentialReader &reader, ReferencePoint &row)
 {
@@ -93,7 +104,7 @@ ReferenceDataRefusal ReadTextMethod(SequentialReader &reader, ReferencePoint &ro
     if (!segment)
         return ReferenceDataRefusal::Segment;
     row.Segment = *segment;
-    const QChar last = text.trimmed().back(); // a number has a blank behind it
+    const QChar last = LastCharacter(text);
     if (last != u'0' && last != u'1')
         return ReferenceDataRefusal::Arithmetic;
     row.Arithmetic = static_cast<std::int16_t>(last.digitValue());
@@ -106,6 +117,22 @@ ReferenceDataRefusal ReadRow(SequentialReader &reader, ReferenceDataLayout layou
     row.Input = reader.ReadNumber();
     row.Output = reader.ReadNumber();
     return layout == ReferenceDataLayout::Csv ? ReadCsvMethod(reader, row) : ReadTextMethod(reader, row);
+}
+
+ReferenceDataRefusal ReadTable(SequentialReader &reader, ReferenceDataLayout layout, ReferenceRows &rows)
+{
+    const std::int32_t count = ReadCount(reader);
+    if (count == 0)
+        return ReferenceDataRefusal::RowCount;
+    for (int field = 0; layout == ReferenceDataLayout::Csv && field < EmptyFields; ++field)
+        reader.ReadText();
+    for (std::int32_t row = 1; row <= count; ++row) {
+        const ReferenceDataRefusal refusal = ReadRow(reader, layout, rows[row]);
+        if (refusal != ReferenceDataRefusal::None)
+            return refusal;
+    }
+    std::for_each(rows.begin() + count + 1, rows.end(), [](ReferencePoint &row) { row.Used = false; });
+    return ReferenceDataRefusal::None;
 }
 
 } // namespace
@@ -147,18 +174,7 @@ QByteArray ReferenceDataBytes(const ReferenceRows &rows, std::int32_t count, Ref
 ReferenceDataRefusal ReadReferenceDataBytes(const QByteArray &bytes, ReferenceDataLayout layout, ReferenceRows &rows)
 {
     SequentialReader reader(bytes);
-    const std::int32_t count = ReadCount(reader);
-    if (count <= 0)
-        return ReferenceDataRefusal::RowCount;
-    for (int field = 0; layout == ReferenceDataLayout::Csv && field < EmptyFields; ++field)
-        reader.ReadText();
-    for (std::int32_t row = 1; row <= count; ++row) {
-        const ReferenceDataRefusal refusal = ReadRow(reader, layout, rows[row]);
-        if (refusal != ReferenceDataRefusal::None)
-            return refusal;
-    }
-    std::for_each(rows.begin() + count + 1, rows.end(), [](ReferencePoint &row) { row.Used = false; });
-    return ReferenceDataRefusal::None;
+    return ReadTable(reader, layout, rows);
 }
 
 void WriteReferenceDataFile(const QString &path, const ReferenceRows &rows, std::int32_t count,
@@ -170,9 +186,13 @@ void WriteReferenceDataFile(const QString &path, const ReferenceRows &rows, std:
 ReferenceDataRefusal ReadReferenceDataFile(const QString &path, ReferenceDataLayout layout, ReferenceRows &rows)
 {
     InputFile file(path);
-    const ReferenceDataRefusal refusal = ReadReferenceDataBytes(file.ReadAll(), layout, rows);
+    const QByteArray start = file.ReadStart(MostBytes);
+    SequentialReader reader(start);
+    const ReferenceDataRefusal refusal = ReadTable(reader, layout, rows);
     // Required: what is refused stays open until the program ends. A file that fails in another way closes.
     if (refusal != ReferenceDataRefusal::None)
         InputFile::LeaveOpen(std::move(file));
+    else if (start.size() == MostBytes && reader.AtEnd())
+        throw RuntimeError(ErrorNumber::OutOfMemory); // the last value may go on behind it
     return refusal;
 }

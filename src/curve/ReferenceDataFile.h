@@ -46,5 +46,6 @@ ReferenceDataRefusal ReadReferenceDataBytes(const QByteArray &bytes, ReferenceDa
 void WriteReferenceDataFile(const QString &path, const ReferenceRows &rows, std::int32_t count,
                             ReferenceDataLayout layout);
 
-/// Reads a file as ReadReferenceDataBytes does. @throws as that and InputFile
+/// Reads a file as ReadReferenceDataBytes does, however much stands behind its rows. @throws as that and InputFile, and
+/// RuntimeError 7 for a table of more than 16 MiB
 ReferenceDataRefusal ReadReferenceDataFile(const QString &path, ReferenceDataLayout layout, ReferenceRows &rows);

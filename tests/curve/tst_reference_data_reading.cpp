@@ -96,8 +96,10 @@ void ReferenceDataReadingTest::a_locale_with_a_comma_changes_nothing()
 {
     const CommaLocale locale;
     QVERIFY(locale.IsInForce());
-    const Reading reading = Read(DataBytes(QStringLiteral("reference_three_rows.CSV")), Csv);
-    QCOMPARE(UsedRows(reading.Rows), UsedRows(ThreeRows()));
+    const Reading csv = Read(DataBytes(QStringLiteral("reference_three_rows.CSV")), Csv);
+    QCOMPARE(UsedRows(csv.Rows), UsedRows(ThreeRows()));
+    const Reading text = Read(DataBytes(QStringLiteral("reference_three_rows.txt")), Text);
+    QCOMPARE(UsedRows(text.Rows), UsedRows(ThreeRows()));
 }
 
 void ReferenceDataReadingTest::the_count_is_the_first_field_data()
@@ -136,10 +138,11 @@ void ReferenceDataReadingTest::the_count_is_the_first_field_data()
     row("501", "error 62");
     row("1e9", "error 62");
     row("2147483647", "error 62");
-    row("2147483648", "error 6"); // no 32-bit number
-    row("-2147483649", "error 6");
-    row("1e300", "error 6");
-    row("1e400", "error 6");
+    row("2147483648", "error 62"); // beyond 32 bits is above 500 all the same
+    row("1e300", "error 62");
+    row("-2147483649", "no row count");
+    row("-1e300", "no row count");
+    row("1e400", "error 6"); // no double
 }
 
 void ReferenceDataReadingTest::the_count_is_the_first_field()
@@ -153,7 +156,7 @@ void ReferenceDataReadingTest::the_count_is_the_first_field()
 
 void ReferenceDataReadingTest::a_count_beyond_the_table_is_its_size()
 {
-    for (const char *count : {"501", "600", "1e9"}) {
+    for (const char *count : {"501", "600", "1e9", "2147483648", "1e300"}) {
         QByteArrayList csv{count + QByteArray(",,,")};
         QByteArrayList text{count};
         for (int row = 1; row <= 500; ++row) {
@@ -253,7 +256,8 @@ void ReferenceDataReadingTest::a_text_row_is_read_data()
     row("1 2 T", "no arithmetic");
     row("1 2 True x", "no arithmetic");
     row("1 2 True 0.", "no arithmetic");
-    row("1 2 True,0", "no arithmetic"); // a comma ends the text
+    row("1 2 True 0\xC2\xA0", "no arithmetic"); // a no-break space is no blank
+    row("1 2 True,0", "no arithmetic");         // a comma ends the text
     row("1 2 True 0,", "1 2 True 0");
     row("1 2 yes 0", "no segment");
     row("1 2 1", "no segment");

@@ -179,6 +179,8 @@ void ReferenceExportTest::the_filter_decides_the_layout_and_the_name_data()
     row("data", Csv, "data"); // nothing is added to a path without any point
     row("data", Text, "data");
     row("温度 1.csv", Csv, "温度 1.CSV");
+    row("C:\\v1.2\\x", Csv, "C:\\v1.CSV"); // backslashes belong to a name here, and the rule is the same
+    row("C:\\v1.2\\x", Text, "C:\\v1.txt");
 }
 
 void ReferenceExportTest::the_filter_decides_the_layout_and_the_name()

@@ -19,11 +19,13 @@ private slots:
 
     void a_file_replaces_the_whole_table_data();
     void a_file_replaces_the_whole_table();
-    void what_was_exported_comes_back_data();
-    void what_was_exported_comes_back();
     void the_list_shows_the_rows();
     void the_units_of_the_rows_stay_empty();
+    void a_count_beyond_the_table_loads_500_rows_data();
     void a_count_beyond_the_table_loads_500_rows();
+    void files_of_other_programs_are_read_data();
+    void files_of_other_programs_are_read();
+    void undo_brings_the_old_table_back_and_redo_the_new_one_data();
     void undo_brings_the_old_table_back_and_redo_the_new_one();
     void an_import_ends_an_older_undo();
     void rows_are_sorted_and_equal_ones_stay();
@@ -73,25 +75,6 @@ void ReferenceImportTest::a_file_replaces_the_whole_table()
     QVERIFY(!m_bench->project.RedoLumoBtn->isEnabled());
 }
 
-void ReferenceImportTest::what_was_exported_comes_back_data()
-{
-    AddLayouts();
-}
-
-void ReferenceImportTest::what_was_exported_comes_back()
-{
-    QFETCH(ReferenceDataLayout, layout);
-    m_bench->PutTable(WideItems());
-    SortReferenceTable(0);
-    const QStringList rows = UsedRows(ReferenceTable[0]);
-    QCOMPARE(rows.size(), 4);
-    const BoxAnswers none;
-    ClickAndAnswer(m_bench->project.ExportLumoBtn, m_bench->Path(QStringLiteral("data.x")), layout);
-    m_bench->PutTable({});
-    m_bench->Import(QStringLiteral("data.x"), layout);
-    QCOMPARE(UsedRows(ReferenceTable[0]), rows);
-}
-
 void ReferenceImportTest::the_list_shows_the_rows()
 {
     PutFile(QStringLiteral("data.CSV"));
@@ -119,26 +102,92 @@ void ReferenceImportTest::the_units_of_the_rows_stay_empty()
     }
 }
 
+void ReferenceImportTest::a_count_beyond_the_table_loads_500_rows_data()
+{
+    QTest::addColumn<ReferenceDataLayout>("layout");
+    for (const char *count : {"501", "1e9", "4294967297"}) { // the last one would be 1 in 32 bits
+        QTest::addRow("%s in CSV", count) << Csv;
+        QTest::addRow("%s in text", count) << Text;
+    }
+}
+
+/// The rest is ignored, whatever it is.
 void ReferenceImportTest::a_count_beyond_the_table_loads_500_rows()
 {
-    QByteArray bytes = "501,,,\r\n";
-    for (int row = 1; row <= 501; ++row)
-        bytes += QByteArray::number(row) + ",0,False,0\r\n";
-    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("data.CSV")), bytes));
-    m_bench->Import(QStringLiteral("data.CSV"), Csv);
-    QCOMPARE(LastUsedRow(0), 500);
+    QFETCH(ReferenceDataLayout, layout);
+    QByteArray bytes = QByteArray(QTest::currentDataTag()).split(' ').front() + (layout == Csv ? ",,,\r\n" : "\r\n");
+    for (int row = 1; row <= 500; ++row)
+        bytes += QByteArray::number(row) + (layout == Csv ? ",0,False,0\r\n" : " 0 False 0\r\n");
+    bytes += layout == Csv ? "501,0,Nonsense,99999\r\n" : "501 0 Nonsense 2\r\n";
+    QVERIFY(m_bench->ImportBytes(bytes, layout, 0).isEmpty());
+    QCOMPARE(UsedRows(ReferenceTable[0]).size(), 500);
+    QCOMPARE(ReferenceTable[0][1].Input, 1.0);
     QCOMPARE(ReferenceTable[0][500].Input, 500.0);
+    QVERIFY(!ReferenceTable[0][0].Used);
     QCOMPARE(m_bench->project.EditDataView->LineCount(), 500);
+}
+
+void ReferenceImportTest::files_of_other_programs_are_read_data()
+{
+    QTest::addColumn<ReferenceDataLayout>("layout");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("rows");
+    const QByteArray csv = DataBytes(QStringLiteral("reference_three_rows.CSV"));
+    const QByteArray text = DataBytes(QStringLiteral("reference_three_rows.txt"));
+    const auto row = [](const char *name, ReferenceDataLayout layout, const QByteArray &bytes) {
+        QTest::newRow(name) << layout << bytes << UsedRows(ThreeRows());
+    };
+    const auto ended = [](QByteArray bytes, const char *lineEnd) { return bytes.replace("\r\n", lineEnd); };
+    row("byte order mark, CSV", Csv, "\xEF\xBB\xBF" + csv);
+    row("byte order mark, text", Text, "\xEF\xBB\xBF" + text);
+    row("LF, CSV", Csv, ended(csv, "\n"));
+    row("LF, text", Text, ended(text, "\n"));
+    row("CR, CSV", Csv, ended(csv, "\r"));
+    row("CR, text", Text, ended(text, "\r"));
+    row("no last line end, CSV", Csv, csv.chopped(2));
+    row("no last line end, text", Text, text.chopped(2));
+    row("no blanks, CSV", Csv, QByteArray(csv).replace(" ", ""));
+    row("one blank, text", Text, text.simplified().replace("False 1 ", "False 1\n").replace("True 0 ", "True 0\n"));
+    row("lower case, CSV", Csv, csv.toLower());
+    row("lower case, text", Text, text.toLower());
+    row("more lines, CSV", Csv, csv + "total,,,\r\n");
+    row("more lines, text", Text, text + "total\r\n");
+    row("a line of 100 MB behind them, CSV", Csv, csv + QByteArray(100'000'000, 'x'));
+    row("a line of 100 MB behind them, text", Text, text + QByteArray(100'000'000, 'x'));
+    QTest::newRow("count of 3.7, CSV") << Csv << QByteArray("3.7,,,\r\n1,2,T,0\r\n2,2,T,0\r\n3,2,T,0\r\n4,2,T,0\r\n")
+                                       << UsedRows(TableOf(
+                                              {{1, 2, true, 0}, {2, 2, true, 0}, {3, 2, true, 0}, {4, 2, true, 0}}));
+    QTest::newRow("count of 1.2, text") << Text << QByteArray("1.2\r\n1 2 T 0\r\n2 2 T 0\r\n")
+                                        << UsedRows(TableOf({{1, 2, true, 0}}));
+}
+
+void ReferenceImportTest::files_of_other_programs_are_read()
+{
+    QFETCH(ReferenceDataLayout, layout);
+    QFETCH(QByteArray, bytes);
+    m_bench->PutTable(WideItems());
+    QVERIFY(m_bench->ImportBytes(bytes, layout, 0).isEmpty());
+    QTEST(UsedRows(ReferenceTable[0]), "rows");
+    QCOMPARE(UsedRows(ReferenceBackup[0]), UsedRows(WideItems()));
+}
+
+void ReferenceImportTest::undo_brings_the_old_table_back_and_redo_the_new_one_data()
+{
+    AddLayouts();
 }
 
 void ReferenceImportTest::undo_brings_the_old_table_back_and_redo_the_new_one()
 {
+    QFETCH(ReferenceDataLayout, layout);
     ReferenceRows old = TableOf({{1, 2, true, 1}, {3, 4, false, 0}});
     old[1].InputText = QStringLiteral("mV");
     m_bench->PutTable(old);
-    PutFile(QStringLiteral("data.CSV"));
-    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    const QString name = layout == Csv ? QStringLiteral("data.CSV") : QStringLiteral("data.txt");
+    PutFile(name, layout);
+    m_bench->Import(name, layout);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
     const SensorProjFrm &form = m_bench->project;
+    QVERIFY(form.UndoLumoBtn->isEnabled() && !form.RedoLumoBtn->isEnabled());
     Click(form.UndoLumoBtn);
     QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(old));
     QCOMPARE(ReferenceTable[0][1].InputText, QStringLiteral("mV"));
