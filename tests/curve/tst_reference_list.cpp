@@ -41,10 +41,14 @@ private slots:
     void a_line_tells_its_row_in_both_languages();
     void numbers_take_the_format_of_the_table_data();
     void numbers_take_the_format_of_the_table();
+    void a_row_of_zeros_shows_them();
+    void a_refresh_shows_the_numbers_of_now();
     void there_is_one_line_for_each_used_row();
     void a_full_table_has_500_lines();
     void marked_rows_are_selected();
     void a_mark_of_row_1_shows_in_a_list_of_one_line_only();
+    void shift_and_an_arrow_add_to_marked_rows_data();
+    void shift_and_an_arrow_add_to_marked_rows();
     void the_lists_of_all_open_projects_are_rebuilt();
     void slots_from_the_project_count_on_are_left_alone();
     void the_list_of_a_built_in_sensor_is_emptied();
@@ -108,6 +112,41 @@ void ReferenceListTest::numbers_take_the_format_of_the_table()
     QTEST(form.EditDataView->LineText(1, 3), "text");
 }
 
+void ReferenceListTest::a_row_of_zeros_shows_them()
+{
+    BareFrame bare;
+    const SensorProjFrm &form = AddListProject(bare, 9); // no other test has shown a number there
+    ProjectCount = 10;
+    PutRow(9, 1, 0, 0);
+    RefreshReferenceLists();
+    QCOMPARE(form.EditDataView->LineText(1, 2), QStringLiteral("0.0"));
+    QCOMPARE(form.EditDataView->LineText(1, 3), QStringLiteral("0.0"));
+}
+
+void ReferenceListTest::a_refresh_shows_the_numbers_of_now()
+{
+    BareFrame bare;
+    const SensorProjFrm &first = AddListProject(bare, 0);
+    const SensorProjFrm &second = AddListProject(bare, 1);
+    const auto numbers = [](const SensorProjFrm &form, int line) { return TextsOfLine(form, line).mid(1, 2); };
+    PutRow(0, 1, 1, 10);
+    PutRow(0, 2, 2, 20);
+    PutRow(1, 1, 1, 30);
+    RefreshReferenceLists();
+    PutRow(0, 1, 1, 11);
+    PutRow(0, 2, 3, 20);
+    RefreshReferenceLists();
+    QCOMPARE(numbers(first, 1), (QStringList{u"1.0"_qs, u"11.0"_qs}));
+    QCOMPARE(numbers(first, 2), (QStringList{u"3.0"_qs, u"20.0"_qs}));
+    QCOMPARE(numbers(second, 1), (QStringList{u"1.0"_qs, u"30.0"_qs}));
+    // Row 2 moves up and takes its numbers along.
+    std::swap(ReferenceTable[0][1], ReferenceTable[0][2]);
+    ReferenceTable[0][2].Used = false;
+    RefreshReferenceLists();
+    QCOMPARE(first.EditDataView->LineCount(), 1);
+    QCOMPARE(numbers(first, 1), (QStringList{u"3.0"_qs, u"20.0"_qs}));
+}
+
 void ReferenceListTest::there_is_one_line_for_each_used_row()
 {
     BareFrame bare;
@@ -158,6 +197,33 @@ void ReferenceListTest::a_mark_of_row_1_shows_in_a_list_of_one_line_only()
     PutRow(0, 2, 2, 2);
     RefreshReferenceLists();
     QCOMPARE(SelectedLines(form), QList<int>());
+}
+
+void ReferenceListTest::shift_and_an_arrow_add_to_marked_rows_data()
+{
+    QTest::addColumn<QList<int>>("marked");
+    QTest::addColumn<int>("walked"); // lines down, nothing selected on the way
+    QTest::addColumn<QList<int>>("selected");
+    QTest::newRow("at the mark") << QList<int>{3} << 0 << QList<int>{3, 4};
+    QTest::newRow("away from it") << QList<int>{3} << 2 << QList<int>{3, 5, 6};
+    QTest::newRow("row 1 stays off") << QList<int>{1, 3} << 0 << QList<int>{3, 4};
+}
+
+void ReferenceListTest::shift_and_an_arrow_add_to_marked_rows()
+{
+    QFETCH(QList<int>, marked);
+    QFETCH(int, walked);
+    BareFrame bare;
+    const SensorProjFrm &form = AddListProject(bare, 0);
+    for (int row = 1; row <= 6; ++row)
+        PutRow(0, row, row, row);
+    for (const int row : marked)
+        RowMarks[row] = true;
+    RefreshReferenceLists();
+    for (int line = 0; line < walked; ++line)
+        QTest::keyClick(form.EditDataView, Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(form.EditDataView, Qt::Key_Down, Qt::ShiftModifier);
+    QTEST(SelectedLines(form), "selected");
 }
 
 void ReferenceListTest::the_lists_of_all_open_projects_are_rebuilt()
