@@ -74,6 +74,12 @@ inline std::uint64_t BitsOf(double value)
     return std::bit_cast<std::uint64_t>(value);
 }
 
+/// Bits of the curve held at `x`: what is to be exact is compared by them, since QCOMPARE lets doubles differ a little.
+inline std::uint64_t MeasuredBits(double x)
+{
+    return BitsOf(SEN_Meas_Z(x));
+}
+
 /// Inputs that ought to be no trouble anywhere.
 inline std::vector<double> AwkwardInputs()
 {

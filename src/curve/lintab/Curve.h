@@ -1,64 +1,74 @@
 /// @file
-/// A reference curve: its points, cut into stretches, and what it is at any x.
+/// A reference curve as it is evaluated: pieces side by side, straight or polynomial, and a straight line beyond
+/// either end.
 #pragma once
 
-#include "curve/lintab/Lintab.h"
+#include "curve/lintab/PieceGrid.h"
 #include "curve/lintab/Polynomial.h"
 
 #include <cstddef>
-#include <memory>
-#include <span>
 #include <vector>
 
 namespace Lintab {
 
-inline constexpr std::size_t LeastPointsNeeded = 5; ///< own points that a "Least" stretch must have
+/// The curve from one x up to, not including, that of the next piece.
+struct Piece {
+    static constexpr int Straight = -1;
 
-/// Never changes once built. All its x are the table's x times one power of two, so that no difference of two
-/// overflows.
+    double Y = 0;       ///< the curve's value where it starts, exactly
+    double Slope = 0;   ///< of a straight piece; rounded so that no value passes the one at its end
+    int Fit = Straight; ///< index of the piece's polynomial
+};
+
+/// The straight line beyond an end of the curve: y = (Value / Scale + Slope * (x - X)) * Scale.
+struct Tail {
+    double X = 0;
+    double Value = 0; ///< the curve's value at X, exactly
+    double Scale = 1;
+    double Slope = 0;
+};
+
+/// Never changes once made.
 class Curve {
 public:
-    /// The curve through `points`, at least one, with as many `flags`. Null when a "Least" stretch has too few points.
-    /// @throws std::bad_alloc
-    static std::unique_ptr<const Curve> Build(std::span<const CurvePoint> points, std::span<const CurveFlag> flags);
+    /// @param xFactor a power of two: all x in here are the table's x times this, so that no difference of two
+    /// overflows
+    /// @param starts where the pieces start, ascending and different, and behind them the end of the curve
+    /// @param pieces one fewer than starts; none when the curve is a single x
+    Curve(double xFactor, const Tail &start, const Tail &end, std::vector<double> starts, std::vector<Piece> pieces,
+          std::vector<Polynomial> fits);
 
     /// y at any `x`, NaN and infinities included; always finite, never allocates.
-    double ValueAt(double x) const;
+    /// @param hint index of the piece that is tried first, any number will do; takes the piece that held x. It decides
+    /// how quickly the piece is found, not what y is.
+    double ValueAt(double x, std::size_t &hint) const;
 
 private:
-    struct Stretch {
-        std::size_t First = 0; ///< index of the point that opens it
-        std::size_t Last = 0;  ///< index of the point that closes it: the next segment point, or the last point
-        bool IsLeast = false;
-        double StartX = 0;
-        double EndX = 0;
-        double StartY = 0; ///< the curve's value at StartX, exactly
-        double EndY = 0;   ///< the curve's value just before EndX
-        Polynomial Fit;    ///< of a "Least" stretch
-    };
+    double OutsideAt(double x) const;
 
-    /// The straight line beyond an end of the curve: y = (Value / Scale + Slope * (x - X)) * Scale.
-    struct Tail {
-        double X = 0;
-        double Value = 0;
-        double Scale = 1;
-        double Slope = 0;
-    };
-
-    bool CutIntoStretches(std::span<const CurveFlag> flags);
-    void JoinStretches();
-    Tail StartTail() const;
-    Tail EndTail() const;
-    Tail TailAt(double x, const Stretch &stretch, std::size_t left) const;
-    double InsideAt(double x) const;
-    double LineAt(const Stretch &stretch, double x) const;
-    static double BeyondAt(const Tail &tail, double x);
-
-    double xFactor = 1;             ///< a power of two; the table's x times this are the curve's x
-    std::vector<CurvePoint> points; ///< finite, ascending in X
-    std::vector<Stretch> stretches; ///< ascending in StartX, never empty
-    Tail start;
-    Tail end;
+    double m_xFactor;
+    Tail m_start;
+    Tail m_end;
+    PieceGrid m_grid;
+    std::vector<Piece> m_pieces;
+    std::vector<Polynomial> m_fits;
 };
+
+// In sight of its one caller, since a call of its own would take a fifth of its time.
+inline double Curve::ValueAt(double x, std::size_t &hint) const
+{
+    const double scaled = x * m_xFactor;
+    // Pictures ask for ascending x: mostly the piece is that of the call before.
+    if (!m_grid.IsInside(scaled, hint)) {
+        if (!(scaled >= m_start.X && scaled < m_end.X))
+            return OutsideAt(scaled);
+        hint = m_grid.Find(scaled);
+    }
+    const Piece &piece = m_pieces[hint];
+    const double distance = scaled - m_grid.StartOf(hint);
+    if (piece.Fit == Piece::Straight)
+        return piece.Y + distance * piece.Slope;
+    return distance == 0 ? piece.Y : Lintab::ValueAt(m_fits[piece.Fit], scaled);
+}
 
 } // namespace Lintab

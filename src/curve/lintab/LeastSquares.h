@@ -14,17 +14,20 @@ namespace Lintab {
 /// The fits of all candidate degrees to one set of points.
 ///
 /// The points are expanded over polynomials in u that are orthonormal over the points themselves, so no normal
-/// equations and no powers of x occur (G. E. Forsythe, 1957). The polynomials are made by the Arnoldi process with a
-/// second orthogonalisation (P. D. Brubeck, Y. Nakatsukasa, L. N. Trefethen, 2021).
+/// equations and no powers of x occur (G. E. Forsythe, 1957).
 class LeastSquares {
 public:
+    /// Variance that a fit may have anywhere in the stretch when every y has the variance 1: it may be four times as
+    /// uncertain as a reading.
+    static constexpr double LargestVariance = 16;
+
     /// Prepares every candidate degree. `points` are finite, ascending in X, at least one; the span of X is finite.
     /// @throws std::bad_alloc
-    explicit LeastSquares(std::span<const CurvePoint> points);
+    explicit LeastSquares(std::span<const CurvePoint> points, double largestVariance = LargestVariance);
 
-    /// Highest candidate: with m different x, max(0, min(8, floor(2 sqrt(m)) - 1, m - 2)), or lower where the points do
-    /// not carry it numerically.
-    int HighestDegree() const { return static_cast<int>(basis.size()) - 1; }
+    /// Highest candidate: with m different x, max(0, min(8, floor(2 sqrt(m)) - 1, m - 2)); less where the points leave
+    /// a fit of that degree open somewhere between them.
+    int HighestDegree() const { return static_cast<int>(m_basis.size()) - 1; }
 
     /// Root mean square, in units of y, of the residuals that each point has to the fit through all others: the square
     /// root of PRESS / n (D. M. Allen, 1974). Infinite when the fit is not determined without some point.
@@ -36,27 +39,33 @@ public:
     /// The fit of `degree`, 0 to HighestDegree().
     Polynomial OfDegree(int degree) const;
 
-    /// The fit of the best degree. Where the points only rise or only fall with x and that fit does not, the degree is
-    /// lowered until it does.
+    /// The fit of the best degree. Where the points only rise or only fall with x and that fit does not, of all
+    /// polynomials of its degree that do the one nearest to the points.
     Polynomial Best() const;
 
 private:
     using Column = std::vector<double>;
+    static constexpr int VarianceNodes = 33;
 
     bool AddColumn();
+    bool IsDetermined(const PerDegree &series);
     void ExpandResidual();
-    double SeriesAt(int degree, double u) const;
+    Polynomial WithWeights(const PerDegree &weights, int degree) const;
+    Polynomial MonotoneOfDegree(int degree) const;
+    PerDegree SlopeDirection(double u, int degree) const;
 
-    Polynomial frame;          ///< mapping of x and unit of y of every fit; its coefficients are not used
-    Column positions;          ///< u of each point
-    Column residuals;          ///< y of each point in units of frame.Scale, less the fit of the last column
-    Column leverages;          ///< influence of each point on the fit at its own x, 0 to 1
-    std::vector<Column> basis; ///< value at each point of the orthonormal polynomial of each degree
-    std::array<double, HighestPolynomialDegree + 1> weights{}; ///< share of each orthonormal polynomial in y
-    std::array<double, HighestPolynomialDegree + 1> press{};   ///< PRESS of each degree, in squares of frame.Scale
-    /// u times column k is the sum over j of recurrence[j][k] times column j.
-    std::array<std::array<double, HighestPolynomialDegree + 1>, HighestPolynomialDegree + 1> recurrence{};
-    int direction = 0; ///< 1 points nowhere fall, -1 nowhere rise, 0 neither
+    double m_largestVariance;
+    StretchFrame m_frame;        ///< of every fit
+    Column m_positions;          ///< u of each point
+    Column m_residuals;          ///< y of each point in units of m_frame.Scale, less the fit of the last column
+    Column m_leverages;          ///< influence of each point on the fit at its own x, 0 to 1
+    std::vector<Column> m_basis; ///< value at each point of the orthonormal polynomial of each degree
+    PerDegree m_weights{};       ///< share of each orthonormal polynomial in y
+    PerDegree m_press{};         ///< PRESS of each degree, in squares of m_frame.Scale
+    /// Chebyshev series of the orthonormal polynomial of each degree.
+    std::array<PerDegree, HighestPolynomialDegree + 1> m_series{};
+    std::array<double, VarianceNodes> m_variances{}; ///< of the fit at places of the stretch, for a y of variance 1
+    int m_direction = 0;                             ///< 1 points nowhere fall, -1 nowhere rise, 0 neither
 };
 
 } // namespace Lintab

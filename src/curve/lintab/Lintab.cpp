@@ -3,6 +3,7 @@
 #include "curve/lintab/Lintab.h"
 
 #include "curve/lintab/Curve.h"
+#include "curve/lintab/CurveBuilder.h"
 
 #include <cstddef>
 #include <memory>
@@ -16,6 +17,9 @@ constexpr std::uint8_t TooFewLeastPoints = 2;
 
 /// The curve held, or none. Written by SEN_Free and SEN_NewBuild_Z.
 constinit std::unique_ptr<const Lintab::Curve> heldCurve;
+
+/// The piece of the curve that the last evaluation found. Never changes a result.
+constinit std::size_t lastPiece = 0;
 
 } // namespace
 
@@ -32,7 +36,7 @@ std::uint8_t SEN_NewBuild_Z(std::int32_t count, const CurvePoint *points, const 
     // Nothing but a lack of memory is thrown below; whatever it were, it must not cross this interface.
     try {
         const auto size = static_cast<std::size_t>(count);
-        heldCurve = Lintab::Curve::Build(std::span(points, size), std::span(flags, size));
+        heldCurve = Lintab::BuildCurve(std::span(points, size), std::span(flags, size));
     } catch (...) {
         return OutOfMemory;
     }
@@ -41,5 +45,5 @@ std::uint8_t SEN_NewBuild_Z(std::int32_t count, const CurvePoint *points, const 
 
 double SEN_Meas_Z(double x) noexcept
 {
-    return heldCurve ? heldCurve->ValueAt(x) : 0.0;
+    return heldCurve ? heldCurve->ValueAt(x, lastPiece) : 0.0;
 }

@@ -6,42 +6,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 
 namespace Lintab {
 
 namespace {
 
-/// Coefficients of a series or of a Bernstein form; the length goes along as a degree.
-using Coefficients = std::array<double, HighestPolynomialDegree + 1>;
-
 constexpr double SlopeRounding = 1e-9; ///< share of the steepest slope below which a slope counts as 0
 constexpr int HalvingsOfSpan = 30;     ///< intervals of 2^-30, over which a control polygon is its curve to rounding
-
-/// Sum of a Chebyshev series, by Clenshaw's recurrence (C. W. Clenshaw, 1955).
-double SeriesAt(const Coefficients &series, int degree, double u)
-{
-    double next = 0;
-    double current = 0;
-    for (int k = degree; k >= 1; --k) {
-        const double previous = series[k] + 2 * u * current - next;
-        next = current;
-        current = previous;
-    }
-    return series[0] + u * current - next;
-}
-
-/// Series of dp/du, one degree lower: d[k-1] = d[k+1] + 2 k c[k], and d[0] is half of that.
-Coefficients DerivativeOf(const Polynomial &polynomial)
-{
-    Coefficients derivative{};
-    for (int k = polynomial.Degree; k >= 1; --k) {
-        const double twoAbove = k + 1 <= HighestPolynomialDegree ? derivative[k + 1] : 0.0;
-        derivative[k - 1] = twoAbove + 2 * k * polynomial.Coefficients[k];
-    }
-    derivative[0] /= 2;
-    return derivative;
-}
 
 double Binomial(int n, int k)
 {
@@ -53,9 +24,9 @@ double Binomial(int n, int k)
 
 /// The same series over the Bernstein polynomials of its degree, whose coefficients enclose it. Uses
 /// T_n = sum over j of (-1)^(n-j) C(2n, 2j) / C(n, j) B(j, n) (A. Rababah, 2003) and the elevation of degrees.
-Coefficients BernsteinForm(const Coefficients &series, int degree)
+PerDegree BernsteinForm(const PerDegree &series, int degree)
 {
-    Coefficients form{};
+    PerDegree form{};
     form[0] = series[0];
     for (int n = 1; n <= degree; ++n) {
         for (int j = n; j >= 0; --j) {
@@ -68,79 +39,106 @@ Coefficients BernsteinForm(const Coefficients &series, int degree)
     return form;
 }
 
-/// Whether a Bernstein form stays at or above `floor` on its interval: decided by its enclosure, or by that of its
-/// halves.
-bool StaysAbove(const Coefficients &form, int degree, double floor, int halvings)
+/// Slope of a polynomial of degree 1 at least over u, turned so that it ought to be positive.
+struct SlopeForm {
+    PerDegree Form; ///< over the Bernstein polynomials
+    int Degree;
+    double Rounding; ///< slope that counts as 0
+};
+
+SlopeForm SlopeFormOf(const Polynomial &polynomial, int direction)
 {
-    if (*std::min_element(form.begin(), form.begin() + degree + 1) >= floor)
-        return true;
-    if (form[0] < floor || form[degree] < floor)
-        return false;
-    if (halvings == 0)
-        return true;
-    Coefficients left{};
-    Coefficients right = form;
-    for (int level = 0; level <= degree; ++level) {
-        left[level] = right[0];
-        for (int j = 0; j < degree - level; ++j)
-            right[j] = (right[j] + right[j + 1]) / 2;
+    const int degree = polynomial.Degree - 1;
+    const PerDegree derivative = DerivativeOf(polynomial.Coefficients, polynomial.Degree);
+    SlopeForm slope{BernsteinForm(derivative, degree), degree, 0};
+    double steepest = 0;
+    for (double &coefficient : slope.Form) {
+        coefficient *= direction;
+        steepest = std::max(steepest, std::abs(coefficient));
     }
-    return StaysAbove(left, degree, floor, halvings - 1) && StaysAbove(right, degree, floor, halvings - 1);
+    slope.Rounding = SlopeRounding * steepest;
+    return slope;
+}
+
+/// The lower of `known` and the lowest slope from one place to another, of which the form is given; to rounding. Where
+/// the enclosure leaves a lower slope open, the halves are asked.
+SlopeAtPlace LowestOf(const SlopeForm &slope, double from, double to, const SlopeAtPlace &known, int halvings)
+{
+    const PerDegree &form = slope.Form;
+    SlopeAtPlace lowest = known;
+    if (form[0] < lowest.Slope)
+        lowest = {from, form[0]};
+    if (form[slope.Degree] < lowest.Slope)
+        lowest = {to, form[slope.Degree]};
+    const double enclosed = *std::min_element(form.begin(), form.begin() + slope.Degree + 1);
+    if (!(enclosed < lowest.Slope - slope.Rounding) || halvings == 0)
+        return lowest;
+    SlopeForm left = slope;
+    SlopeForm right = slope;
+    for (int level = 0; level <= slope.Degree; ++level) {
+        left.Form[level] = right.Form[0];
+        for (int j = 0; j < slope.Degree - level; ++j)
+            right.Form[j] = (right.Form[j] + right.Form[j + 1]) / 2;
+    }
+    const double middle = (from + to) / 2;
+    lowest = LowestOf(left, from, middle, lowest, halvings - 1);
+    return LowestOf(right, middle, to, lowest, halvings - 1);
+}
+
+SlopeAtPlace LowestOf(const SlopeForm &slope)
+{
+    return LowestOf(slope, -1, 1, {-1, slope.Form[0]}, HalvingsOfSpan);
 }
 
 } // namespace
 
-double PositionAt(const Polynomial &polynomial, double x)
+double PositionAt(const StretchFrame &frame, double x)
 {
-    return polynomial.HalfWidth > 0 ? (x - polynomial.Centre) / polynomial.HalfWidth : 0.0;
+    return frame.HalfWidth > 0 ? (x - frame.Start) / frame.HalfWidth - 1 : 0.0;
 }
 
 double ValueAt(const Polynomial &polynomial, double x)
 {
-    return Saturated(SeriesAt(polynomial.Coefficients, polynomial.Degree, PositionAt(polynomial, x)) *
-                     polynomial.Scale);
+    return Saturated(SeriesAt(polynomial.Coefficients, polynomial.Degree, PositionAt(polynomial.Frame, x)) *
+                     polynomial.Frame.Scale);
 }
 
 double SlopeAt(const Polynomial &polynomial, double x)
 {
-    if (polynomial.Degree == 0 || polynomial.HalfWidth <= 0)
+    if (polynomial.Degree == 0 || polynomial.Frame.HalfWidth <= 0)
         return 0;
-    return SeriesAt(DerivativeOf(polynomial), polynomial.Degree - 1, PositionAt(polynomial, x)) / polynomial.HalfWidth;
+    const PerDegree derivative = DerivativeOf(polynomial.Coefficients, polynomial.Degree);
+    return SeriesAt(derivative, polynomial.Degree - 1, PositionAt(polynomial.Frame, x)) / polynomial.Frame.HalfWidth;
 }
 
 Polynomial PinnedAtEnds(const Polynomial &polynomial, double startValue, double endValue)
 {
     Polynomial pinned = polynomial;
-    pinned.Scale =
-        std::max({polynomial.Scale, PowerOfTwoBelow(std::abs(startValue)), PowerOfTwoBelow(std::abs(endValue))});
+    pinned.Frame.Scale =
+        std::max({polynomial.Frame.Scale, PowerOfTwoBelow(std::abs(startValue)), PowerOfTwoBelow(std::abs(endValue))});
     for (double &coefficient : pinned.Coefficients)
-        coefficient *= polynomial.Scale / pinned.Scale;
-    const double atStart = startValue / pinned.Scale - SeriesAt(pinned.Coefficients, pinned.Degree, -1);
-    const double atEnd = endValue / pinned.Scale - SeriesAt(pinned.Coefficients, pinned.Degree, 1);
+        coefficient *= polynomial.Frame.Scale / pinned.Frame.Scale;
+    const double atStart = startValue / pinned.Frame.Scale - SeriesAt(pinned.Coefficients, pinned.Degree, -1);
+    const double atEnd = endValue / pinned.Frame.Scale - SeriesAt(pinned.Coefficients, pinned.Degree, 1);
     pinned.Coefficients[0] += (atStart + atEnd) / 2;
     pinned.Coefficients[1] += (atEnd - atStart) / 2;
     pinned.Degree = std::max(pinned.Degree, 1);
     return pinned;
 }
 
-bool IsFinite(const Polynomial &polynomial)
+SlopeAtPlace LowestSlope(const Polynomial &polynomial, int direction)
 {
-    return std::all_of(polynomial.Coefficients.begin(), polynomial.Coefficients.end(),
-                       [](double coefficient) { return std::isfinite(coefficient); });
+    if (polynomial.Degree == 0)
+        return {};
+    return LowestOf(SlopeFormOf(polynomial, direction));
 }
 
 bool IsMonotone(const Polynomial &polynomial, int direction)
 {
     if (polynomial.Degree == 0)
         return true;
-    const int degree = polynomial.Degree - 1;
-    Coefficients slope = BernsteinForm(DerivativeOf(polynomial), degree);
-    double steepest = 0;
-    for (double &coefficient : slope) {
-        coefficient *= direction;
-        steepest = std::max(steepest, std::abs(coefficient));
-    }
-    return StaysAbove(slope, degree, -SlopeRounding * steepest, HalvingsOfSpan);
+    const SlopeForm slope = SlopeFormOf(polynomial, direction);
+    return LowestOf(slope).Slope >= -slope.Rounding;
 }
 
 } // namespace Lintab

@@ -3,7 +3,6 @@
 /// rounding.
 #pragma once
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -14,7 +13,9 @@ inline constexpr double LargestNumber = std::numeric_limits<double>::max();
 /// The nearest finite number. A NaN stays one.
 inline double Saturated(double value)
 {
-    return std::clamp(value, -LargestNumber, LargestNumber);
+    if (value > LargestNumber)
+        return LargestNumber;
+    return value < -LargestNumber ? -LargestNumber : value;
 }
 
 /// The largest power of two not above `magnitude` (finite, not negative); 1 for 0.
