@@ -1,6 +1,7 @@
 /// @file
-/// The curve library beside the GNU Scientific Library: evaluation of 500 points joined by lines, at random x and at
-/// ascending x as a picture's columns ask for them, and the build of a "Least" stretch of 500 points.
+/// The curve library beside the GNU Scientific Library: evaluation of 500 points joined by lines, at random x, at
+/// random x of a table over nine decades, and at ascending x as a picture's columns ask for them; and the build of a
+/// "Least" stretch of 500 points.
 #include "RatioReporter.h"
 #include "curve/lintab/Lintab.h"
 
@@ -32,17 +33,20 @@ struct Table {
     std::vector<double> Y;
 };
 
+enum class Spacing { Even, NineDecades };
+
 /// Uneven steps, as of a table that was measured, and a value with a little noise.
-Table SensorTable(std::uint8_t arithmetic)
+Table SensorTable(std::uint8_t arithmetic, Spacing spacing = Spacing::Even)
 {
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> step(0.2, 1.8);
     std::normal_distribution<double> noise(0, 1e-4);
     Table table;
-    double x = -3;
+    double place = -3;
     for (int i = 0; i < PointCount; ++i) {
-        x += step(random) / PointCount;
-        const double y = std::exp(0.4 * x) + 0.1 * std::sin(2 * x) + noise(random);
+        place += step(random) / PointCount;
+        const double x = spacing == Spacing::Even ? place : std::pow(10, 9 * place);
+        const double y = std::exp(0.4 * place) + 0.1 * std::sin(2 * place) + noise(random);
         table.Points.push_back({x, y});
         table.Flags.push_back({arithmetic, static_cast<std::uint8_t>(i == 0)});
         table.X.push_back(x);
@@ -51,13 +55,17 @@ Table SensorTable(std::uint8_t arithmetic)
     return table;
 }
 
-/// Inside the span, in no order.
+/// As many between any two points, in no order.
 std::vector<double> Queries(const Table &table)
 {
     std::mt19937_64 random(11);
-    std::uniform_real_distribution<double> position(table.X.front(), table.X.back());
+    std::uniform_int_distribution<std::size_t> piece(0, table.X.size() - 2);
+    std::uniform_real_distribution<double> share(0, 1);
     std::vector<double> queries(QueryCount);
-    std::generate(queries.begin(), queries.end(), [&] { return position(random); });
+    std::generate(queries.begin(), queries.end(), [&] {
+        const std::size_t left = piece(random);
+        return std::lerp(table.X[left], table.X[left + 1], share(random));
+    });
     return queries;
 }
 
@@ -85,18 +93,16 @@ void EvaluateAll(benchmark::State &state, const std::vector<double> &queries, co
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(queries.size()));
 }
 
-void EvaluateOurs(benchmark::State &state, std::uint8_t arithmetic, bool ascending)
+void EvaluateOurs(benchmark::State &state, const Table &table, bool ascending)
 {
-    const Table table = SensorTable(arithmetic);
     Build(table);
     EvaluateAll(state, ascending ? AscendingQueries(table) : Queries(table), SEN_Meas_Z);
     SEN_Free();
 }
 
-void EvaluatePeer(benchmark::State &state, const gsl_interp_type *type, bool ascending)
+void EvaluatePeer(benchmark::State &state, const Table &table, bool ascending)
 {
-    const Table table = SensorTable(Line);
-    gsl_interp *interpolation = gsl_interp_alloc(type, PointCount);
+    gsl_interp *interpolation = gsl_interp_alloc(gsl_interp_linear, PointCount);
     gsl_interp_accel *accelerator = gsl_interp_accel_alloc();
     gsl_interp_init(interpolation, table.X.data(), table.Y.data(), PointCount);
     EvaluateAll(state, ascending ? AscendingQueries(table) : Queries(table), [&](double x) {
@@ -141,6 +147,7 @@ void BuildPeer(benchmark::State &state)
 
 const std::vector<Comparison> comparisons = {
     {"curve_eval_random", "gsl", 5},
+    {"curve_eval_decades", "gsl", 1},
     {"curve_eval_sequential", "gsl", 1},
     {"curve_build_500", "gsl", 2},
 };
@@ -153,14 +160,17 @@ void Register()
             ->Repetitions(Repetitions)
             ->ReportAggregatesOnly();
     };
-    for (const bool ascending : {false, true}) {
-        const std::string name = ascending ? "curve_eval_sequential" : "curve_eval_random";
-        add((name + "/ostrakon").c_str(), [=](benchmark::State &state) { EvaluateOurs(state, Line, ascending); });
+    const auto addEvaluation = [&add](const std::string &name, Spacing spacing, bool ascending) {
+        add((name + "/ostrakon").c_str(),
+            [=](benchmark::State &state) { EvaluateOurs(state, SensorTable(Line, spacing), ascending); });
         add((name + "/gsl").c_str(),
-            [=](benchmark::State &state) { EvaluatePeer(state, gsl_interp_linear, ascending); });
+            [=](benchmark::State &state) { EvaluatePeer(state, SensorTable(Line, spacing), ascending); });
         add((name + "/ostrakon_least").c_str(),
-            [=](benchmark::State &state) { EvaluateOurs(state, Least, ascending); });
-    }
+            [=](benchmark::State &state) { EvaluateOurs(state, SensorTable(Least, spacing), ascending); });
+    };
+    addEvaluation("curve_eval_random", Spacing::Even, false);
+    addEvaluation("curve_eval_decades", Spacing::NineDecades, false);
+    addEvaluation("curve_eval_sequential", Spacing::Even, true);
     add("curve_build_500/ostrakon", BuildOurs);
     add("curve_build_500/gsl", BuildPeer);
 }
