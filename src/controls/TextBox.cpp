@@ -67,9 +67,15 @@ void TextBox::InsertFiltered(const QString &text)
     for (const char32_t character : text.toUcs4()) {
         if (character < FirstPrintable || character == DeleteCharacter)
             continue;
-        // Looked at after the report: its routine may unlock the box.
-        if (Passes(static_cast<int>(character)) && !Locked())
-            insert(QString::fromUcs4(&character, 1));
+        const bool wasEmpty = this->text().isEmpty();
+        if (Passes(static_cast<int>(character))) {
+            // Looked at after the report: its routine may unlock the box.
+            if (!Locked())
+                insert(QString::fromUcs4(&character, 1));
+        } else if (!wasEmpty && this->text().isEmpty()) {
+            // What is left would stand there as a text of its own that nobody has written.
+            return;
+        }
     }
 }
 

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 
 /// Whatever would change the text from outside the program goes through KeyPress first, character by character: keys,
-/// Ctrl+V (22), pasted, dropped and input-method text.
+/// Ctrl+V (22), pasted, dropped and input-method text. A refusal that empties the box ends the text that comes in.
 class TextBox : public QLineEdit {
     Q_OBJECT
 
