@@ -1,10 +1,25 @@
 #include "controls/Boxes.h"
 
 #include "controls/ActiveTop.h"
+#include "controls/FlatScrollBar.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QMessageBox>
 
 namespace {
+
+/// A press under which a box has come up gets no release, be it given to the box or later: the control would stay sunk
+/// or step on for ever.
+void ReleaseControls()
+{
+    for (QWidget *widget : QApplication::allWidgets()) {
+        if (auto *button = qobject_cast<QAbstractButton *>(widget))
+            button->setDown(false);
+        else if (auto *bar = qobject_cast<FlatScrollBar *>(widget))
+            bar->Release();
+    }
+}
 
 /// Shows a box until it is answered; closing it is the escape button.
 int ShowBox(QMessageBox::Icon icon, const QString &text, const QString &title, QMessageBox::StandardButtons buttons,
@@ -19,7 +34,10 @@ int ShowBox(QMessageBox::Icon icon, const QString &text, const QString &title, Q
     box.setStandardButtons(buttons);
     box.setDefaultButton(standard);
     box.setEscapeButton(escape);
-    return box.exec();
+    const int answer = box.exec();
+    // Later: a press that takes the focus off a control reaches its own behind the box that this has brought up.
+    QMetaObject::invokeMethod(qApp, ReleaseControls, Qt::QueuedConnection);
+    return answer;
 }
 
 void ShowNotice(QMessageBox::Icon icon, const QString &text, const QString &title)

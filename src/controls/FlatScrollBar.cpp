@@ -1,5 +1,7 @@
 #include "controls/FlatScrollBar.h"
 
+#include <QMouseEvent>
+
 FlatScrollBar::FlatScrollBar(Qt::Orientation orientation, QWidget *parent) : QScrollBar(orientation, parent)
 {
     setTracking(true);
@@ -31,4 +33,10 @@ void FlatScrollBar::SetValue(int value)
     m_silent = true;
     setValue(value);
     m_silent = false;
+}
+
+void FlatScrollBar::Release()
+{
+    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(), QPointF(), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    mouseReleaseEvent(&release);
 }

@@ -15,6 +15,8 @@ public:
     void SetRange(int minimum, int maximum);
     /// Sets the position, cut to the range.
     void SetValue(int value);
+    /// Lets go of the bar, as the mouse does.
+    void Release();
 
 signals:
     void Moved();

@@ -4,8 +4,23 @@
 
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 
 namespace {
+
+/// Makes a line as high as the number of the pixel row, counted from 0, in which the header ends.
+class LineDelegate : public QStyledItemDelegate {
+public:
+    explicit LineDelegate(QTreeView *list) : QStyledItemDelegate(list), m_header(list->header()) {}
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), m_header->geometry().bottom()};
+    }
+
+private:
+    QHeaderView *m_header;
+};
 
 int CheckedColumn(const QTreeWidget &list, int column)
 {
@@ -32,6 +47,7 @@ ReportList::ReportList(QWidget *parent) : QTreeWidget(parent)
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSortingEnabled(false);
+    setItemDelegate(new LineDelegate(this));
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
 }
@@ -102,6 +118,14 @@ int ReportList::CurrentLine() const
 int ReportList::LineHeight() const
 {
     return LineCount() > 0 ? rowHeight(indexFromItem(topLevelItem(0))) : 0;
+}
+
+void ReportList::updateGeometries()
+{
+    const int before = header()->geometry().bottom();
+    QTreeWidget::updateGeometries();
+    if (header()->geometry().bottom() != before)
+        scheduleDelayedItemsLayout(); // the lines follow the header
 }
 
 void ReportList::mousePressEvent(QMouseEvent *event)

@@ -7,7 +7,8 @@
 
 #include <vector>
 
-/// Lines and columns count from 1.
+/// Lines and columns count from 1. The header, with the frame above it, is as high as a line: the last pixel row of
+/// line n is n + 1 line heights below the first pixel row of an unscrolled list.
 class ReportList : public QTreeWidget {
     Q_OBJECT
 
@@ -40,6 +41,7 @@ signals:
     void DoubleClick();
 
 protected:
+    void updateGeometries() override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 };

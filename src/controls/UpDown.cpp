@@ -1,6 +1,5 @@
 #include "controls/UpDown.h"
 
-#include <QGuiApplication>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -18,13 +17,6 @@ QToolButton *MakeButton(Qt::ArrowType arrow, const QString &name, QWidget *paren
     return button;
 }
 
-/// A box that came up meanwhile has taken the release of the mouse; the button would step on for ever.
-void StopRepeatingWhenReleased(QToolButton *button)
-{
-    if (!QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
-        button->setDown(false);
-}
-
 } // namespace
 
 UpDown::UpDown(QWidget *parent)
@@ -37,14 +29,12 @@ UpDown::UpDown(QWidget *parent)
     column->addWidget(m_up);
     column->addWidget(m_down);
     connect(m_up, &QToolButton::clicked, this, [this] {
-        emit UpClick();
         emit Changed();
-        StopRepeatingWhenReleased(m_up);
+        emit UpClick();
     });
     connect(m_down, &QToolButton::clicked, this, [this] {
-        emit DownClick();
         emit Changed();
-        StopRepeatingWhenReleased(m_down);
+        emit DownClick();
     });
 }
 

@@ -6,7 +6,7 @@
 
 class QToolButton;
 
-/// Keeps a position within its range for Changed; what stepping means is the receiver's matter.
+/// Holds a range for the receiver, whose matter stepping is; it keeps no position.
 class UpDown : public QWidget {
     Q_OBJECT
 
@@ -18,10 +18,10 @@ public:
     int Maximum() const { return m_maximum; }
 
 signals:
+    /// Ahead of either click, whichever button it was.
+    void Changed();
     void UpClick();
     void DownClick();
-    /// After either, whichever button it was.
-    void Changed();
 
 private:
     QToolButton *m_up;

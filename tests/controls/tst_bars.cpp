@@ -1,5 +1,6 @@
 /// @file
 /// Scroll bar, up-down control, tab strip and image button.
+#include "controls/Boxes.h"
 #include "controls/FlatScrollBar.h"
 #include "controls/LumoButton.h"
 #include "controls/TabStrip.h"
@@ -84,7 +85,7 @@ private slots:
     void the_scroll_bar_cuts_to_its_range();
     void the_dragged_thumb_tells_each_move();
     void a_press_beside_the_thumb_moves_by_the_large_change();
-    void up_down_reports_each_step_and_the_change();
+    void up_down_reports_the_change_and_then_the_step();
     void up_down_keeps_its_range();
     void up_down_repeats_while_it_is_held();
     void a_box_ends_the_repetition();
@@ -172,7 +173,7 @@ void BarsTest::a_press_beside_the_thumb_moves_by_the_large_change()
     QCOMPARE(moved.count(), 2);
 }
 
-void BarsTest::up_down_reports_each_step_and_the_change()
+void BarsTest::up_down_reports_the_change_and_then_the_step()
 {
     UpDown control;
     control.resize(20, 30);
@@ -183,7 +184,7 @@ void BarsTest::up_down_reports_each_step_and_the_change()
     connect(&control, &UpDown::Changed, &control, [&] { order.append(QStringLiteral("changed")); });
     QTest::mouseClick(StepButton(control, "Up"), Qt::LeftButton);
     QTest::mouseClick(StepButton(control, "Down"), Qt::LeftButton);
-    QCOMPARE(order.join(u' '), QStringLiteral("up changed down changed"));
+    QCOMPARE(order.join(u' '), QStringLiteral("changed up changed down"));
     QVERIFY(StepButton(control, "Up")->geometry().bottom() < StepButton(control, "Down")->geometry().top());
     QVERIFY(StepButton(control, "Up")->height() > 10);
     control.setEnabled(false);
@@ -219,12 +220,9 @@ void BarsTest::a_box_ends_the_repetition()
     control.show();
     QVERIFY(QTest::qWaitForWindowExposed(&control));
     QSignalSpy down(&control, &UpDown::DownClick);
-    connect(&control, &UpDown::DownClick, &control, [] {
-        QMessageBox box;
-        box.exec();
-    });
+    connect(&control, &UpDown::DownClick, &control, [] { ExclamationBox(QStringLiteral("Error data! ")); });
     // The box gets the release of the mouse, as it is in front then.
-    WhenModal answer(QStringLiteral("QMessageBox"), [](QWidget *box) {
+    WhenModal answer(QStringLiteral("MessageBox"), [](QWidget *box) {
         QTest::mouseRelease(box->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(1, 1));
         box->close();
     });

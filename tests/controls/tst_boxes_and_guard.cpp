@@ -1,21 +1,30 @@
 /// @file
 /// Message boxes, the barrier against untrapped errors, and the test's own answers to boxes.
 #include "controls/Boxes.h"
+#include "controls/FlatScrollBar.h"
 #include "controls/Guard.h"
 #include "controls/ListCombo.h"
+#include "controls/LumoButton.h"
 #include "controls/TextBox.h"
+#include "controls/UpDown.h"
 #include "platform/RuntimeError.h"
 #include "support/BoxAnswer.h"
 
 #include <QAction>
 #include <QDialog>
+#include <QMainWindow>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
+#include <QVBoxLayout>
 
+#include <array>
 #include <stdexcept>
 
 using ShowRoutine = std::function<void(const QString &)>;
 Q_DECLARE_METATYPE(ShowRoutine)
+using MakeRoutine = std::function<QWidget *()>;
+Q_DECLARE_METATYPE(MakeRoutine)
 
 /// Signals as windows have them.
 class Sender : public QObject {
@@ -26,6 +35,53 @@ signals:
     void Pressed(Qt::MouseButton button, QPoint position);
     void Named(const QString &name);
 };
+
+namespace {
+
+class ProbedBar : public FlatScrollBar {
+public:
+    using FlatScrollBar::FlatScrollBar;
+    using FlatScrollBar::repeatAction;
+};
+
+/// A control below a text box that has the keyboard, in an active window. A press on the control leaves the text.
+class BelowAText {
+public:
+    explicit BelowAText(QWidget *control)
+    {
+        control->setFixedSize(60, 60);
+        auto *column = new QVBoxLayout(&window);
+        column->addWidget(text);
+        column->addWidget(control);
+        window.show();
+        if (!QTest::qWaitForWindowActive(&window))
+            QTest::qFail("the window becomes active", __FILE__, __LINE__);
+        text->setFocus();
+    }
+
+    /// Presses a place; a box comes up when the text is left. The button of the mouse is released over the box, or held
+    /// until it has closed.
+    void PressUnderBox(QPoint place, bool held = false)
+    {
+        const auto warning =
+            QObject::connect(text, &TextBox::LostFocus, text, [] { ExclamationBox(QStringLiteral("Error data! ")); });
+        const WhenModal answer(QStringLiteral("MessageBox"), [held](QWidget *box) {
+            if (!held)
+                QTest::mouseRelease(box->windowHandle(), Qt::LeftButton, {}, QPoint(1, 1));
+            box->close();
+        });
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, place);
+        QTRY_VERIFY(answer.Came());
+        QObject::disconnect(warning);
+        if (held)
+            QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
+    }
+
+    QWidget window;
+    TextBox *text = new TextBox;
+};
+
+} // namespace
 
 class BoxesAndGuardTest : public QObject {
     Q_OBJECT
@@ -40,6 +96,10 @@ private slots:
     void return_takes_ok_or_yes();
     void text_is_shown_as_it_stands();
     void a_box_stands_over_the_active_dialogue();
+    void while_no_window_is_active_a_box_stands_over_the_frame();
+    void a_box_leaves_no_button_sunk_data();
+    void a_box_leaves_no_button_sunk();
+    void a_box_leaves_no_scroll_bar_running();
     void an_untrapped_error_is_shown_and_the_program_goes_on();
     void another_exception_is_not_caught();
     void a_connection_hands_arguments_on_by_reference();
@@ -159,6 +219,69 @@ void BoxesAndGuardTest::a_box_stands_over_the_active_dialogue()
     });
     dialog.exec();
     QCOMPARE(parent, &dialog);
+}
+
+void BoxesAndGuardTest::while_no_window_is_active_a_box_stands_over_the_frame()
+{
+    const std::array<QMainWindow, 5> hidden; // the toolkit lists windows in no order
+    QMainWindow frame;
+    frame.show();
+    QVERIFY(QTest::qWaitForWindowActive(&frame));
+    // So it is when a dialogue has closed and the window manager has not yet gone back to the frame.
+    QApplication::setActiveWindow(nullptr);
+    QWidget *parent = nullptr;
+    const WhenModal answer(QStringLiteral("MessageBox"), [&](QWidget *box) {
+        parent = box->parentWidget();
+        box->close();
+    });
+    PlainBox(QStringLiteral("text"));
+    QCOMPARE(parent, &frame);
+}
+
+void BoxesAndGuardTest::a_box_leaves_no_button_sunk_data()
+{
+    QTest::addColumn<MakeRoutine>("make");
+    QTest::addColumn<bool>("held");
+    for (const bool held : {false, true}) {
+        const char *end = held ? "released behind the box" : "released over the box";
+        QTest::addRow("push button %s", end) << MakeRoutine([]() -> QWidget * { return new QPushButton; }) << held;
+        QTest::addRow("image button %s", end) << MakeRoutine([]() -> QWidget * { return new LumoButton; }) << held;
+        QTest::addRow("half of up and down %s", end) << MakeRoutine([]() -> QWidget * { return new UpDown; }) << held;
+    }
+}
+
+void BoxesAndGuardTest::a_box_leaves_no_button_sunk()
+{
+    QFETCH(const MakeRoutine, make);
+    QFETCH(const bool, held);
+    QWidget *control = make();
+    BelowAText below(control);
+    auto *button = qobject_cast<QAbstractButton *>(control);
+    if (button == nullptr)
+        button = control->findChild<QAbstractButton *>(QStringLiteral("Up"));
+    const QPoint place = button->mapTo(&below.window, button->rect().center());
+    const QSignalSpy pressed(button, &QAbstractButton::pressed);
+    const QSignalSpy clicked(button, &QAbstractButton::clicked);
+    below.PressUnderBox(place, held);
+    QTRY_COMPARE(pressed.count(), 1);
+    QTRY_VERIFY(!button->isDown());
+    QCOMPARE(clicked.count(), 0);
+    QTest::mouseClick(below.window.windowHandle(), Qt::LeftButton, {}, place);
+    QCOMPARE(clicked.count(), 1);
+    QVERIFY(!button->isDown());
+}
+
+void BoxesAndGuardTest::a_box_leaves_no_scroll_bar_running()
+{
+    auto *bar = new ProbedBar(Qt::Horizontal);
+    bar->SetUp(1, 500, 1, 10, 1);
+    BelowAText below(bar);
+    const QPoint arrow = bar->mapTo(&below.window, QPoint(bar->width() - 5, bar->height() / 2));
+    below.PressUnderBox(arrow);
+    QTRY_COMPARE(bar->value(), 2);
+    QTRY_COMPARE(bar->repeatAction(), QScrollBar::SliderNoAction);
+    QTest::mouseClick(below.window.windowHandle(), Qt::LeftButton, {}, arrow);
+    QCOMPARE(bar->value(), 3);
 }
 
 void BoxesAndGuardTest::an_untrapped_error_is_shown_and_the_program_goes_on()

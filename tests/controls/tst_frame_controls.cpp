@@ -1,23 +1,17 @@
 /// @file
-/// What the main frame owns: docking manager, status panels, common file dialogue and serial control.
-#include "controls/CommonDialog.h"
+/// What the main frame owns: docking manager, status panels and serial control.
 #include "controls/SerialControl.h"
 #include "controls/StatusPanels.h"
 #include "controls/TabDock.h"
-#include "support/BoxAnswer.h"
 #include "support/ErrorOf.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
 #include <QDateTime>
 #include <QDockWidget>
-#include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -46,12 +40,6 @@ struct Frame {
     TabDock Dock{&Window};
     QTreeWidget *Panel = new QTreeWidget(&Window);
 };
-
-void Touch(const QString &path)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-}
 
 /// The far end of a serial line: a pseudo terminal.
 class FarEnd {
@@ -110,15 +98,6 @@ private slots:
     void date_and_time_keep_themselves();
     void the_first_status_panel_takes_the_width();
     void a_passing_message_hides_no_panel();
-    void the_dialogue_is_set_up_as_its_members_say();
-    void a_typed_name_gets_no_extension();
-    void a_missing_file_can_be_named_for_opening();
-    void an_existing_file_is_not_asked_about();
-    void a_cancel_empties_the_name();
-    void a_cancel_is_an_error_on_demand();
-    void a_missing_folder_is_left_aside();
-    void the_chosen_filter_is_told();
-    void settings_stay_from_one_use_to_the_next();
     void a_closed_port_refuses_output();
     void a_serial_line_sends_and_receives();
     void a_broken_line_is_an_error_event();
@@ -320,156 +299,6 @@ void FrameControlsTest::a_passing_message_hides_no_panel()
     bar.show();
     bar.showMessage(QStringLiteral("hint of a menu"));
     QVERIFY(bar.findChild<QLabel *>(QStringLiteral("Status"))->isVisible());
-}
-
-void FrameControlsTest::the_dialogue_is_set_up_as_its_members_say()
-{
-    QTemporaryDir folder;
-    CommonDialog common;
-    common.DialogTitle = QStringLiteral("打开工程");
-    common.Filter = QStringLiteral("Project file(.spj)|*.spj");
-    common.InitDir = folder.path();
-    common.FileName.clear();
-    QString title;
-    QString directory;
-    QStringList filters;
-    QStringList shown;
-    WhenModal answer(QStringLiteral("CommonDialog"), [&](QWidget *widget) {
-        auto *dialog = qobject_cast<QFileDialog *>(widget);
-        title = dialog->windowTitle();
-        directory = dialog->directory().canonicalPath();
-        filters = dialog->nameFilters();
-        auto *types = dialog->findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
-        for (int index = 0; index < types->count(); ++index)
-            shown.append(types->itemText(index));
-        dialog->reject();
-    });
-    common.ShowOpen();
-    QCOMPARE(title, QStringLiteral("打开工程"));
-    QCOMPARE(directory, QFileInfo(folder.path()).canonicalFilePath());
-    QCOMPARE(filters, QStringList{QStringLiteral("Project file(.spj)(*.spj)")});
-    QCOMPARE(shown, QStringList{QStringLiteral("Project file(.spj)")});
-}
-
-void FrameControlsTest::a_typed_name_gets_no_extension()
-{
-    QTemporaryDir folder;
-    CommonDialog common;
-    common.Filter = QStringLiteral("CSV file(.CSV)|*.CSV|Text file(.txt)(T)|*.txt");
-    common.InitDir = folder.path();
-    WhenModal answer(QStringLiteral("CommonDialog"),
-                     [](QWidget *dialog) { TypeFileName(dialog, QStringLiteral("run1")); });
-    common.ShowSave();
-    QCOMPARE(common.FileName, folder.filePath(QStringLiteral("run1")));
-    QCOMPARE(common.FilterIndex, 1);
-}
-
-void FrameControlsTest::a_missing_file_can_be_named_for_opening()
-{
-    QTemporaryDir folder;
-    CommonDialog common;
-    common.Filter = QStringLiteral("Project file(.spj)|*.spj");
-    common.InitDir = folder.path();
-    BoxAnswers noBox;
-    WhenModal answer(QStringLiteral("CommonDialog"),
-                     [](QWidget *dialog) { TypeFileName(dialog, QStringLiteral("missing.spj")); });
-    common.ShowOpen();
-    QCOMPARE(common.FileName, folder.filePath(QStringLiteral("missing.spj")));
-}
-
-void FrameControlsTest::an_existing_file_is_not_asked_about()
-{
-    QTemporaryDir folder;
-    Touch(folder.filePath(QStringLiteral("old.CSV")));
-    CommonDialog common;
-    common.Filter = QStringLiteral("CSV file(.CSV)|*.CSV");
-    common.InitDir = folder.path();
-    BoxAnswers noBox;
-    WhenModal answer(QStringLiteral("CommonDialog"),
-                     [](QWidget *dialog) { TypeFileName(dialog, QStringLiteral("old.CSV")); });
-    common.ShowSave();
-    QCOMPARE(common.FileName, folder.filePath(QStringLiteral("old.CSV")));
-}
-
-void FrameControlsTest::a_cancel_empties_the_name()
-{
-    QTemporaryDir folder;
-    CommonDialog common;
-    common.InitDir = folder.path();
-    common.FileName = folder.filePath(QStringLiteral("before.spj"));
-    WhenModal answer(QStringLiteral("CommonDialog"), [](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
-    common.ShowSave();
-    QCOMPARE(common.FileName, QString());
-}
-
-void FrameControlsTest::a_cancel_is_an_error_on_demand()
-{
-    CommonDialog common;
-    common.CancelError = true;
-    common.FileName = QStringLiteral("before.spj");
-    WhenModal answer(QStringLiteral("CommonDialog"), [](QWidget *dialog) { dialog->close(); });
-    QCOMPARE(ErrorOf([&] { common.ShowOpen(); }), 32755);
-    QCOMPARE(common.FileName, QString());
-}
-
-void FrameControlsTest::a_missing_folder_is_left_aside()
-{
-    QTemporaryDir folder;
-    CommonDialog common;
-    common.InitDir = folder.filePath(QStringLiteral("Temp"));
-    QString typed = QStringLiteral("unread");
-    WhenModal answer(QStringLiteral("CommonDialog"), [&](QWidget *dialog) {
-        typed = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text();
-        dialog->close();
-    });
-    common.ShowSave();
-    QCOMPARE(typed, QString());
-}
-
-void FrameControlsTest::the_chosen_filter_is_told()
-{
-    QTemporaryDir folder;
-    CommonDialog common;
-    common.Filter = QStringLiteral("CSV file(.CSV)|*.CSV|Text file(.txt)(T)|*.txt");
-    common.InitDir = folder.path();
-    {
-        WhenModal answer(QStringLiteral("CommonDialog"), [](QWidget *dialog) {
-            auto *types = dialog->findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
-            QTest::keyClick(types, Qt::Key_Down);
-            TypeFileName(dialog, QStringLiteral("run.txt"));
-        });
-        common.ShowSave();
-    }
-    QCOMPARE(common.FilterIndex, 2);
-    QString chosen;
-    WhenModal answer(QStringLiteral("CommonDialog"), [&](QWidget *dialog) {
-        chosen = dialog->findChild<QComboBox *>(QStringLiteral("fileTypeCombo"))->currentText();
-        TypeFileName(dialog, QStringLiteral("run.txt"));
-    });
-    common.ShowSave();
-    QCOMPARE(chosen, QStringLiteral("Text file(.txt)(T)"));
-    QCOMPARE(common.FilterIndex, 2);
-}
-
-void FrameControlsTest::settings_stay_from_one_use_to_the_next()
-{
-    QTemporaryDir folder;
-    CommonDialog common;
-    common.DialogTitle = QStringLiteral("Open project");
-    common.Filter = QStringLiteral("Project file(.spj)|*.spj");
-    common.InitDir = folder.path();
-    common.FileName = folder.filePath(QStringLiteral("name.spj"));
-    QString offered;
-    WhenModal answer(QStringLiteral("CommonDialog"), [&](QWidget *dialog) {
-        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        offered = edit->text();
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
-    common.ShowSave();
-    QCOMPARE(offered, QStringLiteral("name.spj"));
-    QCOMPARE(common.FileName, folder.filePath(QStringLiteral("name.spj")));
-    QCOMPARE(common.DialogTitle, QStringLiteral("Open project"));
-    QCOMPARE(common.InitDir, folder.path());
 }
 
 void FrameControlsTest::a_closed_port_refuses_output()

@@ -44,6 +44,8 @@ private slots:
     void a_right_press_is_reported();
     void a_double_click_is_reported_on_a_line_and_below_the_last();
     void the_line_height_is_that_of_the_first_line();
+    void the_lines_end_where_they_would_with_the_header_as_a_line_data();
+    void the_lines_end_where_they_would_with_the_header_as_a_line();
     void lines_cannot_be_edited_or_sorted_by_the_user();
 };
 
@@ -239,6 +241,40 @@ void ReportListTest::the_line_height_is_that_of_the_first_line()
     const int pitch = list.visualItemRect(list.topLevelItem(1)).top() - list.visualItemRect(list.topLevelItem(0)).top();
     QVERIFY(pitch > 0);
     QCOMPARE(list.LineHeight(), pitch);
+}
+
+void ReportListTest::the_lines_end_where_they_would_with_the_header_as_a_line_data()
+{
+    QTest::addColumn<QStringList>("titles");
+    QTest::addColumn<int>("letters"); // points of the header's font
+    QTest::newRow("English") << Titles << QApplication::font().pointSize();
+    QTest::newRow("Chinese") << QStringList{QStringLiteral("数据序号"), QStringLiteral("单位： mV"),
+                                            QStringLiteral("是否分段点? ")}
+                             << QApplication::font().pointSize();
+    QTest::newRow("large letters") << Titles << 20;
+}
+
+void ReportListTest::the_lines_end_where_they_would_with_the_header_as_a_line()
+{
+    QFETCH(const QStringList, titles);
+    QFETCH(const int, letters);
+    ReportList list;
+    Fill(list, 3);
+    list.resize(400, 300);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    QFont font = list.header()->font();
+    font.setPointSize(letters);
+    list.header()->setFont(font);
+    list.SetColumnTitles(titles);
+    const auto lastPixel = [&] {
+        const QRect lastLine = list.visualItemRect(list.topLevelItem(list.LineCount() - 1));
+        return list.viewport()->mapTo(&list, lastLine.bottomLeft()).y();
+    };
+    QTRY_COMPARE(list.LineHeight() * 4, lastPixel());
+    list.AddLine({QStringLiteral("线性插值")});
+    QCOMPARE(list.LineHeight() * 5, lastPixel());
+    QVERIFY(list.LineHeight() >= list.fontMetrics().height()); // no text is cut off
 }
 
 void ReportListTest::lines_cannot_be_edited_or_sorted_by_the_user()
