@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
 
 /// The resources lie in a static library, whose initialisers the linker leaves out unless they are named.
 static void LoadIcons()
@@ -16,6 +17,8 @@ static void LoadIcons()
 namespace {
 
 constexpr int IndicatorSize = 16; // pixels
+constexpr QSize DesignedSize(1280, 900);
+constexpr QSize WindowFrame(16, 48); ///< room for borders and title bar, whose size is known only when they are there
 
 using MenuItem = MenuItemOf<MainFrm>;
 
@@ -174,7 +177,7 @@ MainFrm::MainFrm()
     setObjectName(QStringLiteral("MainFrm"));
     setWindowTitle(QStringLiteral("Ostrakon For KV7000 Series"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/project.svg")));
-    resize(1280, 900);
+    resize(DesignedSize.boundedTo(screen()->availableGeometry().size() - WindowFrame));
     Children = new QMdiArea(this);
     Children->setObjectName(QStringLiteral("Children"));
     setCentralWidget(Children);

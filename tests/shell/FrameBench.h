@@ -31,12 +31,13 @@ inline void StartAfresh()
     Visa = &FakeVisa::Table();
 }
 
-/// The frame as the entry point makes it.
+/// The frame as the entry point makes it, in its designed size, whatever the screen has room for.
 class LoadedFrame {
 public:
     LoadedFrame()
     {
         MainForm = &frame;
+        frame.resize(1280, 900);
         LoadFrame();
         frame.show();
     }

@@ -5,6 +5,7 @@
 #include "support/ErrorOf.h"
 
 #include <QMenuBar>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -43,6 +44,7 @@ private slots:
     void toolbar_buttons_stand_in_order_with_key_and_tool_tip();
     void a_toolbar_button_tells_its_key();
     void the_frame_starts_as_designed();
+    void the_frame_starts_within_the_screen();
 };
 
 void FrameDesignTest::menus_have_caption_and_sight_data()
@@ -241,6 +243,19 @@ void FrameDesignTest::the_frame_starts_as_designed()
     QCOMPARE(frame.TimeOutTimer->interval(), 100);
     QCOMPARE(frame.TimerInit->interval(), 1);
     QVERIFY(!frame.TimerInit->isActive());
+}
+
+void FrameDesignTest::the_frame_starts_within_the_screen()
+{
+    const MainFrm frame;
+    const QSize screen = frame.screen()->availableGeometry().size();
+    // The designed size would not fit here, so that the test says something.
+    QVERIFY(screen.width() < 1280 && screen.height() < 900);
+    // With a title bar of 32 pixels and the thin borders that window managers draw.
+    QVERIFY(frame.width() + 8 <= screen.width());
+    QVERIFY(frame.height() + 40 <= screen.height());
+    QVERIFY(frame.width() >= screen.width() - 40);
+    QVERIFY(frame.height() >= screen.height() - 100);
 }
 
 QTEST_MAIN(FrameDesignTest)
