@@ -3,6 +3,7 @@
 #include "controls/ActiveTop.h"
 #include "platform/RuntimeError.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -76,7 +77,8 @@ void CommonDialog::Show(bool save)
 
     const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     if (accepted) {
-        FileName = dialog.selectedFiles().first();
+        // A typed "../name" or "./name" is handed over as it was typed, behind the folder shown.
+        FileName = QDir::cleanPath(dialog.selectedFiles().first());
         FilterIndex = std::max(1, FilterIndexOf(pairs, dialog.selectedNameFilter()));
         return;
     }

@@ -16,7 +16,7 @@ public:
     QString Filter;      ///< "text|pattern|text|pattern"
     int FilterIndex = 1; ///< the chosen pair, from 1
     QString InitDir;
-    QString FileName;         ///< full path after OK; emptied by a cancel
+    QString FileName;         ///< full path after OK, without steps like ".."; emptied by a cancel
     bool CancelError = false; ///< a cancel throws RuntimeError 32755
 
     void ShowOpen();
