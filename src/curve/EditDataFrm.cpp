@@ -15,8 +15,10 @@ constexpr int RowPage = 10; ///< rows that a click beside the thumb of HScroll1 
 EditDataFrm::EditDataFrm(QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("EditDataFrm"));
+    // In the order of the Tab key.
     MakeFields();
     MakeOptions();
+    MakeButtons();
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -59,10 +61,6 @@ void EditDataFrm::MakeFields()
     TemperateTxt = Named<TextBox>("TemperateTxt", this);
     TUnitLab = Named<QLabel>("TUnitLab", this);
     VUnitLab->setMinimumWidth(40);
-    OkCmd = Named<QPushButton>("OkCmd", this);
-    OkCmd->setAutoDefault(false);
-    CancelCmd = Named<QPushButton>("CancelCmd", this);
-    CancelCmd->setAutoDefault(false);
 }
 
 void EditDataFrm::MakeOptions()
@@ -84,4 +82,12 @@ void EditDataFrm::MakeOptions()
     layout->addWidget(MathOpt[0]);
     layout->addWidget(MathOpt[1]);
     layout->addStretch();
+}
+
+void EditDataFrm::MakeButtons()
+{
+    OkCmd = Named<QPushButton>("OkCmd", this);
+    OkCmd->setAutoDefault(false);
+    CancelCmd = Named<QPushButton>("CancelCmd", this);
+    CancelCmd->setAutoDefault(false);
 }

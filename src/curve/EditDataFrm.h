@@ -41,4 +41,5 @@ public:
 private:
     void MakeFields();
     void MakeOptions();
+    void MakeButtons();
 };

@@ -165,6 +165,7 @@ void OpenToAdd(EditDataFrm &form)
     OfferArithmetic(form);
     ShowRow(form, EditRowNumber);
     form.HScroll1->SetValue(EditRowNumber);
+    form.VolTxt->setFocus(); // the row number, the first control, takes no digit
 }
 
 /// Marks the selected lines. @return their number
@@ -250,8 +251,8 @@ void StepUp(EditDataFrm &form)
     LoadRowIntoDialogue(form, RowShown(form));
 }
 
-/// Keeps the number between FirstRow and LastRow, by whatever way it came. Both limits are tested once: with a full
-/// table the first free row lies above the last one, and stays on show.
+/// Keeps the number between FirstRow and LastRow, by whatever way it came. Both limits are tested once: behind a full
+/// table 501 falls to LastRow, 500, and rises to FirstRow again, so that OK finds no such row.
 void LimitRowNumber(const EditDataFrm &form)
 {
     const double number = LeadingNumber(form.NOTxt->text());
@@ -392,6 +393,7 @@ void ConnectRules(EditDataFrm &form, int slot)
 ValueKeyVerdict TestValueKey(int key, const QString &text)
 {
     const bool control = key == BackspaceKey || key == EnterKey;
+    // Required: no other key passes, the one that pastes included.
     if (!control && !IsOneOf(key, u"-1234567890."))
         return ValueKeyVerdict::Swallowed;
     if (key == '.' && text.contains(u'.'))
@@ -424,7 +426,7 @@ void ShowEditData()
 {
     const int slot = ActiveSlot();
     EditDataFrm form(MainForm);
+    ConnectRules(form, slot); // ahead of the rest: the first number in NOTxt is a change too
     OpenDialogue(form, slot);
-    ConnectRules(form, slot);
     form.exec();
 }

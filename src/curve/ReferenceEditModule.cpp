@@ -12,11 +12,9 @@
 #include "shell/MainModule.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace {
-
-/// Height of the last press in a list, in pixels of the list (its header included).
-int PointerHeight = 0;
 
 void RefuseBuiltInSensor()
 {
@@ -60,9 +58,10 @@ void OpenPopup(const ReportList &list, QPoint position)
 }
 
 /// Below the last line a double click adds, elsewhere it changes. The header counts as one line.
-void EditByDoubleClick(const ReportList &list)
+/// @param pointerHeight of the last press, in pixels of the list (its header included)
+void EditByDoubleClick(const ReportList &list, int pointerHeight)
 {
-    if (list.LineCount() == 0 || list.LineHeight() * (list.LineCount() + 1) < PointerHeight) {
+    if (list.LineCount() == 0 || list.LineHeight() * (list.LineCount() + 1) < pointerHeight) {
         // Required: a full list is not guarded here; the dialogue comes up for a row that the table does not have.
         mnuPopEditDataAdd_Click();
     } else {
@@ -125,13 +124,13 @@ void mnuPopEditDataDeleteAll_Click()
     OfferUndo(slot, true);
 }
 
-void UndoReferenceEdit(int slot)
+void UndoReferenceEdit(std::int16_t slot)
 {
     ExchangeWithBackup(slot);
     OfferUndo(slot, false);
 }
 
-void RedoReferenceEdit(int slot)
+void RedoReferenceEdit(std::int16_t slot)
 {
     ExchangeWithBackup(slot);
     OfferUndo(slot, true);
@@ -147,14 +146,17 @@ void OfferUndo(int slot, bool undo)
 void ConnectReferenceEdit(SensorProjFrm &form)
 {
     const ReportList &list = *form.EditDataView;
-    ConnectGuarded(&list, &ReportList::MouseDown, &form, [&list](Qt::MouseButton button, QPoint position) {
-        PointerHeight = position.y();
+    const auto pointer = std::make_shared<QPoint>(); // each window has its own, which goes with its connections
+    ConnectGuarded(&list, &ReportList::MouseDown, &form, [&list, pointer](Qt::MouseButton button, QPoint position) {
+        *pointer = position;
         if (button == Qt::RightButton)
             OpenPopup(list, position);
     });
-    ConnectGuarded(&list, &ReportList::DoubleClick, &form, [&list] { EditByDoubleClick(list); });
-    ConnectGuarded(form.UndoLumoBtn, &LumoButton::MouseClick, &form, [] { UndoReferenceEdit(ActiveSlot()); });
-    ConnectGuarded(form.RedoLumoBtn, &LumoButton::MouseClick, &form, [] { RedoReferenceEdit(ActiveSlot()); });
+    ConnectGuarded(&list, &ReportList::DoubleClick, &form, [&list, pointer] { EditByDoubleClick(list, pointer->y()); });
+    ConnectGuarded(form.UndoLumoBtn, &LumoButton::MouseClick, &form,
+                   [] { UndoReferenceEdit(static_cast<std::int16_t>(ActiveSlot())); });
+    ConnectGuarded(form.RedoLumoBtn, &LumoButton::MouseClick, &form,
+                   [] { RedoReferenceEdit(static_cast<std::int16_t>(ActiveSlot())); });
 }
 
 void ConnectReferencePopup()

@@ -2,6 +2,8 @@
 /// The commands of the reference list: add, change, delete, and one step of undo and redo.
 #pragma once
 
+#include <cstdint>
+
 class SensorProjFrm;
 
 /// Adds rows through the dialogue; refused for a built-in sensor.
@@ -13,8 +15,8 @@ void mnuPopEditDataDelete_Click();
 void mnuPopEditDataDeleteAll_Click();
 
 /// Exchanges the table of a slot with its backup.
-void UndoReferenceEdit(int slot);
-void RedoReferenceEdit(int slot);
+void UndoReferenceEdit(std::int16_t slot);
+void RedoReferenceEdit(std::int16_t slot);
 
 /// Lets the user of a slot's window undo but not redo, or redo but not undo.
 void OfferUndo(int slot, bool undo);

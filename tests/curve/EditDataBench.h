@@ -25,6 +25,8 @@ public:
         SensorProjects[0].OutputUnit = QStringLiteral("C");
     }
 
+    ReportList &List() const { return *project.EditDataView; }
+
     /// Rows 1 and so on with the given inputs; each output is ten times its input.
     void PutRows(const QList<double> &inputs)
     {
@@ -43,8 +45,8 @@ public:
     SensorProjFrm &project;
 };
 
-/// Opens the dialogue by a command, takes the steps in it, and cancels it unless a step has closed it.
-inline void InDialogue(void (*command)(), const Steps &steps)
+/// Opens the dialogue by a user's action, takes the steps in it, and cancels it unless a step has closed it.
+inline void InDialogue(const std::function<void()> &open, const Steps &steps)
 {
     WhenModal dialogue(QStringLiteral("EditDataFrm"), [&steps](QWidget *window) {
         auto *form = qobject_cast<EditDataFrm *>(window);
@@ -54,31 +56,29 @@ inline void InDialogue(void (*command)(), const Steps &steps)
         if (form->isVisible())
             Click(form->CancelCmd);
     });
-    command();
+    open();
 }
 
-inline void Adding(const Steps &steps)
+/// Through the pop-up menu.
+inline void Adding(const EditDataBench &bench, const Steps &steps)
 {
-    InDialogue(mnuPopEditDataAdd_Click, steps);
+    InDialogue([&] { bench.RunFromPopup(bench.List(), bench.frame.mnuPopEditDataAdd); }, steps);
 }
 
-inline void Changing(EditDataBench &bench, int line, const Steps &steps)
+/// By a double click on a line.
+inline void Changing(const EditDataBench &bench, int line, const Steps &steps)
 {
-    ReportList &list = *bench.project.EditDataView;
-    list.clearSelection();
-    list.setCurrentItem(list.topLevelItem(line - 1));
-    QCOMPARE(list.CurrentLine(), line);
-    InDialogue(mnuPopEditDataChange_Click, steps);
+    ReportList &list = bench.List();
+    InDialogue([&] { QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, EditDataBench::PlaceInList(list, line)); },
+               steps);
 }
 
-inline void ChangingLines(EditDataBench &bench, const QList<int> &lines, const Steps &steps)
+/// Selects lines by clicks and opens the dialogue through the pop-up menu.
+inline void ChangingLines(const EditDataBench &bench, const QList<int> &lines, const Steps &steps)
 {
-    ReportList &list = *bench.project.EditDataView;
-    list.setCurrentItem(list.topLevelItem(lines.first() - 1));
-    list.clearSelection();
-    for (const int line : lines)
-        list.SelectLine(line, true);
-    InDialogue(mnuPopEditDataChange_Click, steps);
+    ReportList &list = bench.List();
+    EditDataBench::ClickLines(list, lines);
+    InDialogue([&] { bench.RunFromPopup(list, bench.frame.mnuPopEditDataChange, lines.last()); }, steps);
 }
 
 /// Clicks a box and types over what it holds.
@@ -102,6 +102,13 @@ inline void StepUp(const EditDataFrm &form)
 inline void StepDown(const EditDataFrm &form)
 {
     Click(form.UpDown1->findChild<QToolButton *>(QStringLiteral("Down")));
+}
+
+/// The arrow at the right or the left end of a scroll bar.
+inline void ClickArrow(FlatScrollBar *bar, bool right)
+{
+    const int inside = bar->height() / 2;
+    QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(right ? bar->width() - inside : inside, inside));
 }
 
 /// Whether the arithmetic can be chosen; all of it is enabled or nothing.

@@ -60,6 +60,13 @@ inline QByteArray DataBytes(const QString &name)
     return BytesOf(QStringLiteral(OSTRAKON_TEST_DATA "/") + name);
 }
 
+/// The bytes of the file reference_three_rows of a layout.
+inline QByteArray ThreeRowsFile(ReferenceDataLayout layout)
+{
+    return DataBytes(layout == Csv ? QStringLiteral("reference_three_rows.CSV")
+                                   : QStringLiteral("reference_three_rows.txt"));
+}
+
 /// A row as "-2.5 1e-05 False 1", its numbers with all digits that a double has.
 inline QString RowText(const ReferencePoint &row)
 {

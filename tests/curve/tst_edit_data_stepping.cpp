@@ -2,18 +2,18 @@
 /// From row to row within the dialogue of reference rows: arrows, scroll bar and row number.
 #include "curve/EditDataBench.h"
 
-#include <QClipboard>
-
 namespace {
 
-/// The arrow at the right or the left end of a scroll bar.
-void ClickArrow(FlatScrollBar *bar, bool right)
+using Step = void (*)(const EditDataFrm &form);
+
+void ScrollUp(const EditDataFrm &form)
 {
-    const int inside = bar->height() / 2;
-    QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(right ? bar->width() - inside : inside, inside));
+    ClickArrow(form.HScroll1, true);
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(Step)
 
 class EditDataSteppingTest : public QObject {
     Q_OBJECT
@@ -26,10 +26,13 @@ private slots:
     void up_stops_at_row_500();
     void down_stops_at_row_1();
     void stepping_stays_within_the_limits_of_the_row_number();
+    void a_half_filled_row_is_dropped_on_the_way_data();
     void a_half_filled_row_is_dropped_on_the_way();
     void stepping_leaves_the_input_with_its_check_data();
     void stepping_leaves_the_input_with_its_check();
     void the_scroll_bar_saves_and_moves();
+    void the_scroll_bar_stops_at_the_last_line_when_changing();
+    void the_scroll_bar_passes_empty_rows_when_adding();
     void a_typed_row_number_is_kept_within_its_limits();
     void a_typed_row_number_receives_what_is_on_display();
     void the_row_number_swallows_other_keys();
@@ -62,7 +65,7 @@ void EditDataSteppingTest::up_stops_at_an_empty_row()
 {
     EditDataBench bench;
     bench.PutRows({1, 2});
-    Adding([](EditDataFrm &form) {
+    Adding(bench, [](EditDataFrm &form) {
         TypeRow(form, QStringLiteral("0.5"), QStringLiteral("5"));
         StepUp(form);
         QCOMPARE(form.NOTxt->text(), QStringLiteral("4"));
@@ -105,7 +108,7 @@ void EditDataSteppingTest::stepping_stays_within_the_limits_of_the_row_number()
 {
     EditDataBench bench;
     bench.PutRows({1, 2});
-    Adding([](EditDataFrm &form) {
+    Adding(bench, [](EditDataFrm &form) {
         TypeRow(form, QStringLiteral("3"), QStringLiteral("30"));
         StepUp(form);
         QCOMPARE(form.NOTxt->text(), QStringLiteral("4"));
@@ -122,22 +125,40 @@ void EditDataSteppingTest::stepping_stays_within_the_limits_of_the_row_number()
     });
 }
 
+void EditDataSteppingTest::a_half_filled_row_is_dropped_on_the_way_data()
+{
+    QTest::addColumn<bool>("inInput");
+    QTest::addColumn<Step>("step");
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QString>("input");
+    // The row left is not used any more, so that the step up stops there, with both boxes empty.
+    QTest::newRow("no input, up") << true << Step(StepUp) << QStringLiteral("2") << QString();
+    QTest::newRow("no output, up") << false << Step(StepUp) << QStringLiteral("2") << QString();
+    QTest::newRow("no input, down") << true << Step(StepDown) << QStringLiteral("1") << QStringLiteral("1.0");
+    QTest::newRow("no output, down") << false << Step(StepDown) << QStringLiteral("1") << QStringLiteral("1.0");
+    QTest::newRow("no input, scroll bar") << true << Step(ScrollUp) << QStringLiteral("3") << QStringLiteral("3.0");
+    QTest::newRow("no output, scroll bar") << false << Step(ScrollUp) << QStringLiteral("3") << QStringLiteral("3.0");
+}
+
 void EditDataSteppingTest::a_half_filled_row_is_dropped_on_the_way()
 {
+    QFETCH(const bool, inInput);
+    QFETCH(const Step, step);
     EditDataBench bench;
     bench.PutRows({1, 2, 3});
     const BoxAnswers noBox;
-    Changing(bench, 2, [](EditDataFrm &form) {
-        TypeOver(form.VolTxt, QString());
-        StepUp(form);
-        // The row left is not used any more, so that the step stops there, with both boxes empty.
-        QCOMPARE(form.NOTxt->text(), QStringLiteral("2"));
-        QVERIFY(form.VolTxt->text().isEmpty());
-        QVERIFY(form.TemperateTxt->text().isEmpty());
+    Changing(bench, 2, [&](EditDataFrm &form) {
+        TypeOver(inInput ? form.VolTxt : form.TemperateTxt, QString());
+        step(form);
+        QTEST(form.NOTxt->text(), "row");
+        QTEST(form.VolTxt->text(), "input");
+        QCOMPARE(form.TemperateTxt->text().isEmpty(), form.VolTxt->text().isEmpty());
         QVERIFY(!form.WorkingTable[2].Used);
+        QVERIFY(ReferenceTable[0][2].Used);
         Click(form.OkCmd);
     });
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 3}));
+    QCOMPARE(bench.List().LineCount(), 2);
 }
 
 void EditDataSteppingTest::stepping_leaves_the_input_with_its_check_data()
@@ -196,20 +217,51 @@ void EditDataSteppingTest::the_scroll_bar_saves_and_moves()
     QCOMPARE(ReferenceTable[0][1].Output, 55.0);
 }
 
+void EditDataSteppingTest::the_scroll_bar_stops_at_the_last_line_when_changing()
+{
+    EditDataBench bench;
+    bench.PutRows({1, 2});
+    Changing(bench, 2, [](EditDataFrm &form) {
+        ClickArrow(form.HScroll1, true);
+        // The bar itself reaches row 500; the number does not follow it.
+        QCOMPARE(form.HScroll1->value(), 3);
+        QCOMPARE(form.NOTxt->text(), QStringLiteral("2"));
+        QCOMPARE(form.VolTxt->text(), QStringLiteral("2.0"));
+        Click(form.OkCmd);
+    });
+    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 2}));
+}
+
+void EditDataSteppingTest::the_scroll_bar_passes_empty_rows_when_adding()
+{
+    EditDataBench bench;
+    bench.PutRows({1});
+    Adding(bench, [](EditDataFrm &form) {
+        ClickArrow(form.HScroll1, true);
+        ClickArrow(form.HScroll1, true);
+        QCOMPARE(form.NOTxt->text(), QStringLiteral("4"));
+        TypeRow(form, QStringLiteral("7"), QStringLiteral("70"));
+        Click(form.OkCmd);
+    });
+    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 7}));
+    QVERIFY(ReferenceTable[0][2].Used); // the gap is closed
+    QCOMPARE(SelectedLines(bench.List()), QList<int>{2});
+}
+
 void EditDataSteppingTest::a_typed_row_number_is_kept_within_its_limits()
 {
     EditDataBench bench;
     bench.PutRows({1, 2, 3});
     Changing(bench, 1, [](EditDataFrm &form) {
-        form.NOTxt->selectAll();
+        QTest::keyClick(form.NOTxt, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(form.NOTxt, QStringLiteral("4"));
         QCOMPARE(form.NOTxt->text(), QStringLiteral("3"));
-        form.NOTxt->selectAll();
+        QTest::keyClick(form.NOTxt, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(form.NOTxt, QStringLiteral("2"));
         QCOMPARE(form.NOTxt->text(), QStringLiteral("2"));
         QTest::keyClicks(form.NOTxt, QStringLiteral("99999999999999"));
         QCOMPARE(form.NOTxt->text(), QStringLiteral("3"));
-        form.NOTxt->selectAll();
+        QTest::keyClick(form.NOTxt, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(form.NOTxt, QStringLiteral("0"));
         QCOMPARE(form.NOTxt->text(), QStringLiteral("1"));
         QTest::keyClick(form.NOTxt, Qt::Key_Backspace);
@@ -225,7 +277,7 @@ void EditDataSteppingTest::a_typed_row_number_receives_what_is_on_display()
     bench.PutRows({1, 2, 3});
     Changing(bench, 1, [](EditDataFrm &form) {
         TypeOver(form.VolTxt, QStringLiteral("9"));
-        form.NOTxt->selectAll();
+        QTest::keyClick(form.NOTxt, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(form.NOTxt, QStringLiteral("2"));
         Click(form.OkCmd);
     });
@@ -237,10 +289,8 @@ void EditDataSteppingTest::the_row_number_swallows_other_keys()
 {
     EditDataBench bench;
     bench.PutRows({1, 2, 3});
-    QGuiApplication::clipboard()->setText(QStringLiteral("2"));
     Changing(bench, 3, [](EditDataFrm &form) {
         QTest::keyClicks(form.NOTxt, QStringLiteral("-. aE+"));
-        QTest::keyClick(form.NOTxt, Qt::Key_V, Qt::ControlModifier);
         QTest::keyClick(form.NOTxt, Qt::Key_Return);
         QCOMPARE(form.NOTxt->text(), QStringLiteral("3"));
     });
@@ -249,7 +299,7 @@ void EditDataSteppingTest::the_row_number_swallows_other_keys()
 void EditDataSteppingTest::an_empty_row_shows_no_segment_and_line()
 {
     EditDataBench bench;
-    Adding([](EditDataFrm &form) {
+    Adding(bench, [](EditDataFrm &form) {
         Click(form.SegmentOpt[0]);
         Click(form.MathOpt[1]);
         TypeRow(form, QStringLiteral("1"), QStringLiteral("1"));
@@ -267,7 +317,7 @@ void EditDataSteppingTest::an_empty_row_shows_no_segment_and_line()
 void EditDataSteppingTest::the_segment_option_offers_the_arithmetic_and_keeps_the_choice()
 {
     EditDataBench bench;
-    Adding([](EditDataFrm &form) {
+    Adding(bench, [](EditDataFrm &form) {
         Click(form.SegmentOpt[0]);
         QVERIFY(ArithmeticOffered(form));
         Click(form.MathOpt[1]);
@@ -287,20 +337,26 @@ void EditDataSteppingTest::stepping_warns_of_the_current_limit_and_goes_on()
     InstrumentKind = InstrumentKindKV7060;
     SensorProjects[0].MeasFunction = MeasFunctionCode::DcCurrent;
     SensorProjects[0].InputUnit = QStringLiteral("A");
-    bench.PutRows({0.1, 0.5, 0.6});
-    BoxAnswers answers({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok});
+    bench.PutRows({0.1, 0.2, 0.6});
+    BoxAnswers answers({QMessageBox::Ok, QMessageBox::Ok});
     Changing(bench, 1, [&](EditDataFrm &form) {
+        // What counts is the number that the step leaves, typed or not; that of the row loaded is not looked at.
+        TypeOver(form.VolTxt, QStringLiteral("0.3"));
         StepUp(form);
-        QCOMPARE(form.NOTxt->text(), QStringLiteral("2"));
         QCOMPARE(answers.Texts().size(), 1);
+        QCOMPARE(form.NOTxt->text(), QStringLiteral("2"));
+        QCOMPARE(form.VolTxt->text(), QStringLiteral("0.2"));
         StepUp(form);
+        QCOMPARE(answers.Texts().size(), 1);
         QCOMPARE(form.NOTxt->text(), QStringLiteral("3"));
         StepDown(form);
+        QCOMPARE(answers.Texts().size(), 2);
         QCOMPARE(form.NOTxt->text(), QStringLiteral("2"));
         StepDown(form);
         QCOMPARE(form.NOTxt->text(), QStringLiteral("1"));
+        QCOMPARE(form.VolTxt->text(), QStringLiteral("0.3"));
     });
-    QCOMPARE(answers.Texts(), (QStringList{Exceeded, Exceeded, Exceeded}));
+    QCOMPARE(answers.Texts(), (QStringList{Exceeded, Exceeded}));
 }
 
 QTEST_MAIN(EditDataSteppingTest)

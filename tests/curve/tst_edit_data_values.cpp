@@ -2,28 +2,31 @@
 /// The value boxes of the dialogue of reference rows: what they refuse, and when.
 #include "curve/EditDataBench.h"
 
-#include <QClipboard>
-
 namespace {
 
 /// Each value box takes what is typed, but a further key empties it with a message.
-void OneMoreKeyEmptiesEachBox(int language, const QString &typed, const QString &message, QMessageBox::Icon icon)
+void OneMoreKeyEmptiesEachBox(int language, const QString &typed, Qt::Key key, const QString &message,
+                              QMessageBox::Icon icon)
 {
     EditDataBench bench;
     CurrentLanguage = language;
     BoxAnswers answers({QMessageBox::Ok, QMessageBox::Ok});
-    Adding([&typed](EditDataFrm &form) {
+    Adding(bench, [&](EditDataFrm &form) {
         for (TextBox *box : {form.VolTxt, form.TemperateTxt}) {
             Click(box);
             QTest::keyClicks(box, typed);
             QCOMPARE(box->text(), typed);
-            QTest::keyClicks(box, QStringLiteral("1"));
+            QTest::keyClick(box, key);
             QCOMPARE(box->text(), QString());
+            QVERIFY(form.isVisible());
         }
     });
     QCOMPARE(answers.Texts(), (QStringList{message, message}));
-    for (const ShownBox &box : answers.Shown())
+    for (const ShownBox &box : answers.Shown()) {
         QCOMPARE(box.Icon, icon);
+        QCOMPARE(box.Title, QStringLiteral("Ostrakon"));
+    }
+    QCOMPARE(LastUsedRow(0), 0);
 }
 
 } // namespace
@@ -37,32 +40,29 @@ private slots:
     void a_key_that_is_no_number_is_swallowed();
     void a_thirteenth_character_empties_the_box_data();
     void a_thirteenth_character_empties_the_box();
+    void backspace_and_enter_pass_at_twelve_characters();
     void a_value_out_of_range_empties_the_box_at_the_next_key_data();
     void a_value_out_of_range_empties_the_box_at_the_next_key();
+    void the_ends_of_the_range_pass_data();
+    void the_ends_of_the_range_pass();
     void a_failed_conversion_has_its_own_warning_in_the_input_data();
     void a_failed_conversion_has_its_own_warning_in_the_input();
     void enter_acts_as_ok_data();
     void enter_acts_as_ok();
-    void a_right_press_empties_the_clipboard();
     void leaving_a_value_puts_it_into_the_format();
     void an_input_that_stands_twice_is_refused_once_for_each_row_data();
     void an_input_that_stands_twice_is_refused_once_for_each_row();
     void the_own_row_does_not_count_as_twice();
-
-    void a_current_beyond_the_limit_keeps_the_dialogue_open_data();
-    void a_current_beyond_the_limit_keeps_the_dialogue_open();
 };
 
 void EditDataValuesTest::a_key_that_is_no_number_is_swallowed()
 {
     EditDataBench bench;
     const BoxAnswers noBox;
-    QGuiApplication::clipboard()->setText(QStringLiteral("42"));
-    Adding([](EditDataFrm &form) {
+    Adding(bench, [](EditDataFrm &form) {
         for (TextBox *box : {form.VolTxt, form.TemperateTxt}) {
             Click(box);
             QTest::keyClicks(box, QStringLiteral("a1E+b.2,. 3-"));
-            QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
             QCOMPARE(box->text(), QStringLiteral("1.23-"));
         }
     });
@@ -70,32 +70,89 @@ void EditDataValuesTest::a_key_that_is_no_number_is_swallowed()
 
 void EditDataValuesTest::a_thirteenth_character_empties_the_box_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("English") << 1 << QStringLiteral("The character number of this form is limited not more than 12! ");
-    QTest::newRow("Chinese") << 0 << QStringLiteral("您所填写的字符不能超过12个! ");
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("digit") << Qt::Key_1;
+    QTest::newRow("minus") << Qt::Key_Minus;
 }
 
 void EditDataValuesTest::a_thirteenth_character_empties_the_box()
 {
-    QFETCH(int, language);
-    QFETCH(QString, text);
-    OneMoreKeyEmptiesEachBox(language, QStringLiteral("-1234.567890"), text, QMessageBox::Information);
+    QFETCH(const Qt::Key, key);
+    OneMoreKeyEmptiesEachBox(LanguageEnglish, QStringLiteral("-1234.567890"), key,
+                             QStringLiteral("The character number of this form is limited not more than 12! "),
+                             QMessageBox::Information);
+    OneMoreKeyEmptiesEachBox(LanguageChinese, QStringLiteral("-1234.567890"), key,
+                             QStringLiteral("您所填写的字符不能超过12个! "), QMessageBox::Information);
+}
+
+void EditDataValuesTest::backspace_and_enter_pass_at_twelve_characters()
+{
+    EditDataBench bench;
+    const BoxAnswers noBox;
+    Adding(bench, [](EditDataFrm &form) {
+        TypeOver(form.TemperateTxt, QStringLiteral("-1234.567895"));
+        QTest::keyClick(form.TemperateTxt, Qt::Key_Backspace);
+        QCOMPARE(form.TemperateTxt->text(), QStringLiteral("-1234.56789"));
+        TypeOver(form.VolTxt, QStringLiteral("-1234.567890"));
+        QTest::keyClick(form.VolTxt, Qt::Key_Return);
+        QVERIFY(!form.isVisible());
+    });
+    QCOMPARE(ReferenceTable[0][1].Input, -1234.56789);
+    QCOMPARE(ReferenceTable[0][1].Output, -1234.56789);
 }
 
 void EditDataValuesTest::a_value_out_of_range_empties_the_box_at_the_next_key_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("English") << 1 << Exceeded;
-    QTest::newRow("Chinese") << 0 << ExceededChinese;
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<Qt::Key>("key");
+    const auto row = [](const char *name, const char *typed, Qt::Key key) {
+        QTest::newRow(name) << QString::fromLatin1(typed) << key;
+    };
+    row("too large, digit", "123456789", Qt::Key_0);
+    row("too large, minus", "123456789", Qt::Key_Minus);
+    row("too large, Backspace", "123456789", Qt::Key_Backspace);
+    row("too large, Enter", "123456789", Qt::Key_Return);
+    row("just too large", "120000008", Qt::Key_1);
+    row("negative, too large", "-123456789", Qt::Key_1);
+    row("too small", ".0000000009", Qt::Key_1);
+    row("too small, Enter", ".0000000009", Qt::Key_Return);
+    row("negative, too small", "-.0000000009", Qt::Key_Backspace);
 }
 
 void EditDataValuesTest::a_value_out_of_range_empties_the_box_at_the_next_key()
 {
-    QFETCH(int, language);
-    QFETCH(QString, text);
-    OneMoreKeyEmptiesEachBox(language, QStringLiteral("123456789"), text, QMessageBox::Warning);
+    QFETCH(const QString, typed);
+    QFETCH(const Qt::Key, key);
+    OneMoreKeyEmptiesEachBox(LanguageEnglish, typed, key, Exceeded, QMessageBox::Warning);
+    OneMoreKeyEmptiesEachBox(LanguageChinese, typed, key, ExceededChinese, QMessageBox::Warning);
+}
+
+void EditDataValuesTest::the_ends_of_the_range_pass_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<double>("stored");
+    QTest::newRow("zero") << QStringLiteral("0") << 0.0;
+    QTest::newRow("largest") << QStringLiteral("120000000") << 1.2e8;
+    QTest::newRow("largest, negative") << QStringLiteral("-120000000") << -1.2e8;
+    // In single precision it is the largest value itself.
+    QTest::newRow("largest in single precision") << QStringLiteral("120000003") << 120000003.0;
+    QTest::newRow("smallest") << QStringLiteral(".000000001") << 1e-9;
+    QTest::newRow("smallest, negative") << QStringLiteral("-.000000001") << -1e-9;
+}
+
+void EditDataValuesTest::the_ends_of_the_range_pass()
+{
+    QFETCH(const QString, typed);
+    EditDataBench bench;
+    const BoxAnswers noBox;
+    Adding(bench, [&](EditDataFrm &form) {
+        TypeOver(form.TemperateTxt, QStringLiteral("5"));
+        TypeOver(form.VolTxt, typed);
+        QTest::keyClick(form.VolTxt, Qt::Key_Return);
+        QVERIFY(!form.isVisible());
+    });
+    QCOMPARE(LastUsedRow(0), 1);
+    QTEST(ReferenceTable[0][1].Input, "stored");
 }
 
 void EditDataValuesTest::a_failed_conversion_has_its_own_warning_in_the_input_data()
@@ -142,7 +199,7 @@ void EditDataValuesTest::enter_acts_as_ok()
     bench.PutRows({1});
     // The input is not left by the key, so that its check for a second value is not made either.
     const BoxAnswers noBox;
-    Adding([inInput](EditDataFrm &form) {
+    Adding(bench, [inInput](EditDataFrm &form) {
         TypeOver(form.TemperateTxt, QStringLiteral("5"));
         TypeOver(form.VolTxt, inInput ? QStringLiteral("1") : QStringLiteral("2"));
         TextBox *box = inInput ? form.VolTxt : form.TemperateTxt;
@@ -153,24 +210,10 @@ void EditDataValuesTest::enter_acts_as_ok()
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, inInput ? 1.0 : 2.0}));
 }
 
-void EditDataValuesTest::a_right_press_empties_the_clipboard()
-{
-    EditDataBench bench;
-    Adding([](EditDataFrm &form) {
-        for (TextBox *box : {form.VolTxt, form.TemperateTxt}) {
-            QGuiApplication::clipboard()->setText(QStringLiteral("7"));
-            Click(box);
-            QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("7"));
-            QTest::mouseClick(box, Qt::RightButton);
-            QCOMPARE(QGuiApplication::clipboard()->text(), QString());
-        }
-    });
-}
-
 void EditDataValuesTest::leaving_a_value_puts_it_into_the_format()
 {
     EditDataBench bench;
-    Adding([](EditDataFrm &form) {
+    Adding(bench, [](EditDataFrm &form) {
         TypeOver(form.VolTxt, QStringLiteral("0.12345678"));
         Click(form.TemperateTxt);
         QCOMPARE(form.VolTxt->text(), QStringLiteral("0.123457"));
@@ -229,40 +272,6 @@ void EditDataValuesTest::the_own_row_does_not_count_as_twice()
         Click(form.OkCmd);
     });
     QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 2, 3}));
-}
-
-void EditDataValuesTest::a_current_beyond_the_limit_keeps_the_dialogue_open_data()
-{
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("English") << 1 << Exceeded;
-    QTest::newRow("Chinese") << 0 << ExceededChinese;
-}
-
-void EditDataValuesTest::a_current_beyond_the_limit_keeps_the_dialogue_open()
-{
-    QFETCH(int, language);
-    QFETCH(QString, text);
-    EditDataBench bench;
-    CurrentLanguage = language;
-    InstrumentKind = InstrumentKindKV7060;
-    SensorProjects[0].MeasFunction = MeasFunctionCode::DcCurrent;
-    SensorProjects[0].InputUnit = QStringLiteral("mA");
-    bench.PutRows({1});
-    BoxAnswers answers({QMessageBox::Ok});
-    Adding([](EditDataFrm &form) {
-        TypeRow(form, QStringLiteral("-220.5"), QStringLiteral("1"));
-        Click(form.OkCmd);
-        QVERIFY(form.isVisible());
-        QCOMPARE(UsedInputs(ReferenceTable[0]), QList<double>{1});
-        QCOMPARE(UsedInputs(ReferenceBackup[0]), QList<double>());
-        TypeOver(form.VolTxt, QStringLiteral("-220"));
-        Click(form.OkCmd);
-        QVERIFY(!form.isVisible());
-    });
-    QCOMPARE(answers.Texts(), QStringList{text});
-    QCOMPARE(answers.Shown().first().Icon, QMessageBox::Warning);
-    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{-220, 1}));
 }
 
 QTEST_MAIN(EditDataValuesTest)

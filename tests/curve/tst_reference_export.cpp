@@ -1,5 +1,5 @@
 /// @file
-/// The export of a reference table: its button, the dialogue, the question, and what stands in the file.
+/// The export of a reference table: its button, what stands in the file, and what cannot be written.
 #include "curve/ReferenceFileBench.h"
 #include "support/CommaLocale.h"
 #include "support/UserWithoutRights.h"
@@ -11,17 +11,8 @@
 namespace {
 
 constexpr Wordings noPoint{"No reference point! ", "没有参考点! "};
-constexpr Wordings mayReplace{"The file has existed, whether replace it? ", "该文件已经存在，是否替换? "};
-constexpr Wordings warning{"Warning", "警告"};
 
 constexpr auto Ok = QMessageBox::Ok;
-constexpr auto Cancel = QMessageBox::Cancel;
-
-QByteArray ThreeRowsFile(ReferenceDataLayout layout)
-{
-    return DataBytes(layout == Csv ? QStringLiteral("reference_three_rows.CSV")
-                                   : QStringLiteral("reference_three_rows.txt"));
-}
 
 void SetMode(const QString &path, mode_t mode)
 {
@@ -45,23 +36,12 @@ private slots:
 
     void a_table_without_rows_makes_no_file_data();
     void a_table_without_rows_makes_no_file();
-    void the_dialogue_is_set_up_data();
-    void the_dialogue_is_set_up();
-    void the_dialogue_begins_in_the_programs_folder_for_it();
     void the_table_stands_in_the_file_data();
     void the_table_stands_in_the_file();
-    void the_filter_decides_the_layout_and_the_name_data();
-    void the_filter_decides_the_layout_and_the_name();
-    void a_point_in_a_folder_cuts_the_path();
     void a_locale_with_a_comma_changes_nothing();
-    void an_existing_file_is_replaced_after_a_question_data();
-    void an_existing_file_is_replaced_after_a_question();
-    void cancel_keeps_an_existing_file();
-    void the_question_looks_at_the_path_that_is_written();
-    void a_cancelled_dialogue_ends_the_export_data();
-    void a_cancelled_dialogue_ends_the_export();
     void a_row_below_the_last_is_written_unused_or_not();
     void the_active_projects_table_is_written();
+    void a_built_in_sensors_table_is_written();
     void an_export_changes_nothing_in_the_program();
 
     void what_may_not_be_written_is_reported_data();
@@ -98,52 +78,6 @@ void ReferenceExportTest::a_table_without_rows_makes_no_file()
     QCOMPARE(ReferenceRowCount, 0);
 }
 
-void ReferenceExportTest::the_dialogue_is_set_up_data()
-{
-    QTest::addColumn<bool>("save");
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("title");
-    QTest::newRow("export, English") << true << 1 << QStringLiteral("Export reference datas");
-    QTest::newRow("export, Chinese") << true << 0 << QStringLiteral("导出参考数据");
-    QTest::newRow("import, English") << false << 1 << QStringLiteral("Import reference datas");
-    QTest::newRow("import, Chinese") << false << 0 << QStringLiteral("导入参考数据");
-}
-
-void ReferenceExportTest::the_dialogue_is_set_up()
-{
-    QFETCH(bool, save);
-    QFETCH(int, language);
-    CurrentLanguage = language;
-    SensorProjFrm &form = m_bench->project;
-    const BoxAnswers none;
-    const ShownFileDialog shown = ClickAndAnswer(save ? form.ExportLumoBtn : form.ImportLumoBtn, {});
-    QTEST(shown.Title, "title");
-    QCOMPARE(shown.Save, save);
-    QCOMPARE(shown.Filters,
-             (QStringList{QStringLiteral("CSV file(.CSV)(*.CSV)"), QStringLiteral("Text file(.txt)(T)(*.txt)")}));
-    QCOMPARE(form.CommonDialog1->Filter, QStringLiteral("CSV file(.CSV)|*.CSV|Text file(.txt)(T)|*.txt"));
-    QCOMPARE(form.CommonDialog1->CancelError, !save); // set by the import, left alone by the export
-    QVERIFY(shown.Name.isEmpty());
-}
-
-/// It is never made; where it is missing the dialogue begins elsewhere.
-void ReferenceExportTest::the_dialogue_begins_in_the_programs_folder_for_it()
-{
-    const SensorProjFrm &form = m_bench->project;
-    const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/Temp");
-    QVERIFY(!QFileInfo::exists(folder));
-    const BoxAnswers none;
-    for (LumoButton *button : {form.ExportLumoBtn, form.ImportLumoBtn}) {
-        QVERIFY(ClickAndAnswer(button, {}).Folder != folder);
-        QVERIFY(!QFileInfo::exists(folder));
-        QVERIFY(QDir().mkdir(folder));
-        const QString shown = ClickAndAnswer(button, {}).Folder;
-        QVERIFY(QDir().rmdir(folder));
-        QCOMPARE(shown,
-                 QFileInfo(QCoreApplication::applicationDirPath()).canonicalFilePath() + QStringLiteral("/Temp"));
-    }
-}
-
 void ReferenceExportTest::the_table_stands_in_the_file_data()
 {
     AddLayouts();
@@ -160,53 +94,6 @@ void ReferenceExportTest::the_table_stands_in_the_file()
     QVERIFY(LockHolder(path, LOCK_EX).Holds()); // it is closed
 }
 
-void ReferenceExportTest::the_filter_decides_the_layout_and_the_name_data()
-{
-    QTest::addColumn<ReferenceDataLayout>("layout");
-    QTest::addColumn<QString>("written");
-    const auto row = [](const char *typed, ReferenceDataLayout layout, const char *written) {
-        QTest::addRow("%s as %s", typed, layout == Csv ? "CSV" : "text") << layout << QString::fromUtf8(written);
-    };
-    row("data.CSV", Csv, "data.CSV");
-    row("data.CSV", Text, "data.txt");
-    row("data.csv", Csv, "data.CSV");
-    row("data.txt", Csv, "data.CSV");
-    row("data.txt", Text, "data.txt");
-    row("a.b", Csv, "a.CSV");
-    row("a.b", Text, "a.txt");
-    row("a.b.c.txt", Text, "a.txt");
-    row("data.", Csv, "data.CSV");
-    row("data", Csv, "data"); // nothing is added to a path without any point
-    row("data", Text, "data");
-    row("温度 1.csv", Csv, "温度 1.CSV");
-    row("C:\\v1.2\\x", Csv, "C:\\v1.CSV"); // backslashes belong to a name here, and the rule is the same
-    row("C:\\v1.2\\x", Text, "C:\\v1.txt");
-}
-
-void ReferenceExportTest::the_filter_decides_the_layout_and_the_name()
-{
-    QFETCH(ReferenceDataLayout, layout);
-    QFETCH(QString, written);
-    const QString typed = QString::fromUtf8(QTest::currentDataTag()).section(QStringLiteral(" as "), 0, 0);
-    const BoxAnswers none;
-    Export(typed, layout);
-    QCOMPARE(NamesIn(m_bench->Folder()), QStringList{written});
-    QCOMPARE(BytesOf(m_bench->Path(written)), ThreeRowsFile(layout));
-}
-
-void ReferenceExportTest::a_point_in_a_folder_cuts_the_path()
-{
-    QVERIFY(QDir().mkdir(Path("v1.2")));
-    const BoxAnswers none;
-    Export(QStringLiteral("v1.2/x.CSV"));
-    Export(QStringLiteral("v1.2/x"), Text);
-    QCOMPARE(NamesIn(m_bench->Folder()),
-             (QStringList{QStringLiteral("v1.2"), QStringLiteral("v1.CSV"), QStringLiteral("v1.txt")}));
-    QCOMPARE(BytesOf(Path("v1.CSV")), ThreeRowsFile(Csv));
-    QCOMPARE(BytesOf(Path("v1.txt")), ThreeRowsFile(Text));
-    QVERIFY(NamesIn(Path("v1.2")).isEmpty());
-}
-
 void ReferenceExportTest::a_locale_with_a_comma_changes_nothing()
 {
     const CommaLocale locale;
@@ -214,71 +101,6 @@ void ReferenceExportTest::a_locale_with_a_comma_changes_nothing()
     const BoxAnswers none;
     Export(QStringLiteral("data.CSV"));
     QCOMPARE(BytesOf(Path("data.CSV")), ThreeRowsFile(Csv));
-}
-
-void ReferenceExportTest::an_existing_file_is_replaced_after_a_question_data()
-{
-    AddLanguages();
-}
-
-void ReferenceExportTest::an_existing_file_is_replaced_after_a_question()
-{
-    QFETCH(int, language);
-    CurrentLanguage = language;
-    QVERIFY(PutBytes(Path("data.CSV"), QByteArray(10'000, 'x')));
-    BoxAnswers answers({Ok});
-    Export(QStringLiteral("data.CSV"));
-    QCOMPARE(answers.Texts(), QStringList{mayReplace.InCurrentLanguage()});
-    const ShownBox &box = answers.Shown().front();
-    QCOMPARE(box.Title, warning.InCurrentLanguage());
-    QVERIFY(box.Buttons == (Ok | Cancel));
-    QCOMPARE(box.Icon, QMessageBox::Warning);
-    QCOMPARE(BytesOf(Path("data.CSV")), ThreeRowsFile(Csv));
-}
-
-void ReferenceExportTest::cancel_keeps_an_existing_file()
-{
-    QVERIFY(PutBytes(Path("data.txt"), "old"));
-    BoxAnswers answers({Cancel});
-    Export(QStringLiteral("data.txt"), Text);
-    QCOMPARE(answers.Shown().size(), 1);
-    QCOMPARE(BytesOf(Path("data.txt")), QByteArray("old"));
-}
-
-void ReferenceExportTest::the_question_looks_at_the_path_that_is_written()
-{
-    QVERIFY(PutBytes(Path("data.csv"), "old")); // differs in case
-    QVERIFY(PutBytes(Path("data.txt"), "old"));
-    {
-        const BoxAnswers none;
-        Export(QStringLiteral("data.csv"));
-        QCOMPARE(BytesOf(Path("data.CSV")), ThreeRowsFile(Csv));
-        QCOMPARE(BytesOf(Path("data.csv")), QByteArray("old"));
-    }
-    BoxAnswers answers({Ok});
-    Export(QStringLiteral("data.CSV"), Text);
-    QCOMPARE(answers.Shown().size(), 1);
-    QCOMPARE(BytesOf(Path("data.txt")), ThreeRowsFile(Text));
-}
-
-void ReferenceExportTest::a_cancelled_dialogue_ends_the_export_data()
-{
-    QTest::addColumn<bool>("error");
-    QTest::newRow("without the cancel error") << false;
-    QTest::newRow("with it, since an import") << true;
-}
-
-/// The name of an earlier export is not used again.
-void ReferenceExportTest::a_cancelled_dialogue_ends_the_export()
-{
-    QFETCH(bool, error);
-    const BoxAnswers none;
-    Export(QStringLiteral("data.CSV"));
-    QVERIFY(PutBytes(Path("data.CSV"), "old"));
-    m_bench->project.CommonDialog1->CancelError = error;
-    QVERIFY(ClickAndAnswer(m_bench->project.ExportLumoBtn, {}).Name.isEmpty());
-    QCOMPARE(BytesOf(Path("data.CSV")), QByteArray("old"));
-    QCOMPARE(NamesIn(m_bench->Folder()).size(), 1);
 }
 
 void ReferenceExportTest::a_row_below_the_last_is_written_unused_or_not()
@@ -297,6 +119,16 @@ void ReferenceExportTest::the_active_projects_table_is_written()
     const BoxAnswers none;
     ClickAndAnswer(other.ExportLumoBtn, Path("data.CSV"));
     QCOMPARE(BytesOf(Path("data.CSV")), DataBytes(QStringLiteral("reference_wide_items.CSV")));
+}
+
+/// Its list shows none of the rows; they are there all the same.
+void ReferenceExportTest::a_built_in_sensors_table_is_written()
+{
+    SensorProjects[0].IsBuiltInSensor = true;
+    RefreshReferenceLists();
+    const BoxAnswers none;
+    Export(QStringLiteral("data.CSV"));
+    QCOMPARE(BytesOf(Path("data.CSV")), ThreeRowsFile(Csv));
 }
 
 void ReferenceExportTest::an_export_changes_nothing_in_the_program()

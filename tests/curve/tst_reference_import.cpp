@@ -27,30 +27,27 @@ private slots:
     void files_of_other_programs_are_read();
     void undo_brings_the_old_table_back_and_redo_the_new_one_data();
     void undo_brings_the_old_table_back_and_redo_the_new_one();
+    void undo_brings_a_full_table_back();
     void an_import_ends_an_older_undo();
     void rows_are_sorted_and_equal_ones_stay();
     void limits_of_the_dialogue_do_not_hold();
     void any_arithmetic_of_a_csv_file_is_shown_as_least();
     void marks_stay_with_their_row_numbers();
-    void the_curve_stays_applied();
+    void the_curve_stays_applied_or_not_data();
+    void the_curve_stays_applied_or_not();
     void a_running_measurement_does_not_keep_from_it();
     void a_built_in_sensor_takes_a_table();
     void the_active_project_takes_the_table();
 
-    void the_filter_decides_the_layout_and_the_name_data();
-    void the_filter_decides_the_layout_and_the_name();
-    void a_point_in_a_folder_cuts_the_path();
-    void the_built_path_stands_before_the_chosen_file();
     void a_locale_with_a_comma_changes_nothing();
+    void a_file_closes_when_it_is_read_data();
     void a_file_closes_when_it_is_read();
-    void a_cancelled_dialogue_ends_the_import();
 
 private:
     /// Puts the file that was made by hand into the folder.
     void PutFile(const QString &name, ReferenceDataLayout layout = Csv)
     {
-        QVERIFY(PutBytes(m_bench->Path(name), DataBytes(layout == Csv ? QStringLiteral("reference_three_rows.CSV")
-                                                                      : QStringLiteral("reference_three_rows.txt"))));
+        QVERIFY(PutBytes(m_bench->Path(name), ThreeRowsFile(layout)));
     }
 
     std::unique_ptr<ReferenceFileBench> m_bench;
@@ -198,6 +195,25 @@ void ReferenceImportTest::undo_brings_the_old_table_back_and_redo_the_new_one()
     QVERIFY(form.UndoLumoBtn->isEnabled() && !form.RedoLumoBtn->isEnabled());
 }
 
+/// The backup takes the whole old table, not as many rows as the file has.
+void ReferenceImportTest::undo_brings_a_full_table_back()
+{
+    for (int row = 1; row <= ReferenceRowLimit; ++row) {
+        PutRow(0, row, row, -row);
+        ReferenceTable[0][row].InputText = QString::number(row);
+    }
+    const QStringList old = UsedRows(ReferenceTable[0]);
+    QCOMPARE(old.size(), 500);
+    PutFile(QStringLiteral("data.CSV"));
+    m_bench->Import(QStringLiteral("data.CSV"), Csv);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+    Click(m_bench->project.UndoLumoBtn);
+    QCOMPARE(UsedRows(ReferenceTable[0]), old);
+    QCOMPARE(m_bench->project.EditDataView->LineCount(), 500);
+    for (int row = 1; row <= ReferenceRowLimit; ++row)
+        QCOMPARE(ReferenceTable[0][row].InputText, QString::number(row));
+}
+
 void ReferenceImportTest::an_import_ends_an_older_undo()
 {
     PutFile(QStringLiteral("data.CSV"));
@@ -254,12 +270,21 @@ void ReferenceImportTest::marks_stay_with_their_row_numbers()
     QVERIFY(m_bench->project.EditDataView->LineSelected(3));
 }
 
-void ReferenceImportTest::the_curve_stays_applied()
+void ReferenceImportTest::the_curve_stays_applied_or_not_data()
 {
+    QTest::addColumn<bool>("applied");
+    QTest::newRow("applied") << true;
+    QTest::newRow("not applied") << false;
+}
+
+void ReferenceImportTest::the_curve_stays_applied_or_not()
+{
+    QFETCH(bool, applied);
     PutFile(QStringLiteral("data.CSV"));
-    ProjectSlots[0].CurveApplied = true;
+    ProjectSlots[0].CurveApplied = applied;
     m_bench->Import(QStringLiteral("data.CSV"), Csv);
-    QVERIFY(ProjectSlots[0].CurveApplied);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+    QCOMPARE(ProjectSlots[0].CurveApplied, applied);
     QVERIFY(!ProjectSlots[0].Dirty);
 }
 
@@ -295,63 +320,6 @@ void ReferenceImportTest::the_active_project_takes_the_table()
     QVERIFY(!m_bench->project.UndoLumoBtn->isEnabled());
 }
 
-void ReferenceImportTest::the_filter_decides_the_layout_and_the_name_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<ReferenceDataLayout>("layout");
-    QTest::addColumn<bool>("read");
-    const auto row = [](const char *chosen, const char *file, ReferenceDataLayout layout, bool read) {
-        QTest::addRow("%s, of %s as %s", chosen, file, layout == Csv ? "CSV" : "text")
-            << QString::fromUtf8(file) << layout << read;
-    };
-    row("data.CSV", "data.CSV", Csv, true);
-    row("data.txt", "data.txt", Text, true);
-    row("data.txt", "data.CSV", Csv, true);
-    row("data.CSV", "data.txt", Text, true);
-    row("data.dat", "data.CSV", Csv, true);
-    row("data.CSV", "data.CSV", Text, false); // there is no data.txt
-    row("data.dat", "data.dat", Csv, false);
-    row("data", "data", Csv, true); // a path without any point is used as it stands
-    row("data", "data", Text, true);
-    row("data", "data.CSV", Csv, false);
-    row("data.csv", "data.csv", Csv, true); // the case of a name does not matter
-    row("data.Txt", "data.Txt", Text, true);
-    row("data.TXT", "DATA.txt", Text, true);
-    row("温度.CSV", "温度.csv", Csv, true);
-}
-
-void ReferenceImportTest::the_filter_decides_the_layout_and_the_name()
-{
-    QFETCH(QString, file);
-    QFETCH(ReferenceDataLayout, layout);
-    QFETCH(bool, read);
-    const QString chosen = QString::fromUtf8(QTest::currentDataTag()).section(u',', 0, 0);
-    PutFile(file, layout);
-    m_bench->Import(chosen, layout); // a file that is not found ends it silently
-    QCOMPARE(UsedRows(ReferenceTable[0]), read ? UsedRows(ThreeRows()) : QStringList());
-    QCOMPARE(m_bench->project.UndoLumoBtn->isEnabled(), read);
-    QCOMPARE(NamesIn(m_bench->Folder()), QStringList{file});
-}
-
-void ReferenceImportTest::a_point_in_a_folder_cuts_the_path()
-{
-    QVERIFY(QDir().mkdir(m_bench->Path(QStringLiteral("v1.2"))));
-    PutFile(QStringLiteral("v1.2/x.CSV"));
-    m_bench->Import(QStringLiteral("v1.2/x.CSV"), Csv); // looks for v1.CSV
-    QVERIFY(UsedRows(ReferenceTable[0]).isEmpty());
-    PutFile(QStringLiteral("v1.CSV"));
-    m_bench->Import(QStringLiteral("v1.2/x.CSV"), Csv);
-    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
-}
-
-void ReferenceImportTest::the_built_path_stands_before_the_chosen_file()
-{
-    PutFile(QStringLiteral("data.CSV"));
-    QVERIFY(PutBytes(m_bench->Path(QStringLiteral("data.csv")), "1,,,\r\n7,8,True,1\r\n"));
-    m_bench->Import(QStringLiteral("data.csv"), Csv);
-    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
-}
-
 void ReferenceImportTest::a_locale_with_a_comma_changes_nothing()
 {
     const CommaLocale locale;
@@ -361,24 +329,19 @@ void ReferenceImportTest::a_locale_with_a_comma_changes_nothing()
     QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
 }
 
-void ReferenceImportTest::a_file_closes_when_it_is_read()
+void ReferenceImportTest::a_file_closes_when_it_is_read_data()
 {
-    PutFile(QStringLiteral("data.CSV"));
-    m_bench->Import(QStringLiteral("data.CSV"), Csv);
-    QVERIFY(LockHolder(m_bench->Path(QStringLiteral("data.CSV")), LOCK_EX).Holds());
+    AddLayouts();
 }
 
-/// The name of an earlier import is not used again.
-void ReferenceImportTest::a_cancelled_dialogue_ends_the_import()
+void ReferenceImportTest::a_file_closes_when_it_is_read()
 {
-    PutFile(QStringLiteral("data.CSV"));
-    m_bench->Import(QStringLiteral("data.CSV"), Csv);
-    m_bench->PutTable({});
-    m_bench->project.UndoLumoBtn->setEnabled(false);
-    const BoxAnswers none;
-    ClickAndAnswer(m_bench->project.ImportLumoBtn, {});
-    QVERIFY(UsedRows(ReferenceTable[0]).isEmpty());
-    QVERIFY(!m_bench->project.UndoLumoBtn->isEnabled());
+    QFETCH(ReferenceDataLayout, layout);
+    const QString name = layout == Csv ? QStringLiteral("data.CSV") : QStringLiteral("data.txt");
+    PutFile(name, layout);
+    m_bench->Import(name, layout);
+    QCOMPARE(UsedRows(ReferenceTable[0]), UsedRows(ThreeRows()));
+    QVERIFY(LockHolder(m_bench->Path(name), LOCK_EX).Holds());
 }
 
 QTEST_MAIN(ReferenceImportTest)
