@@ -1,7 +1,7 @@
 /// @file
 /// The curve library beside the GNU Scientific Library: evaluation of 500 points joined by lines, at random x, at
 /// random x of a table over nine decades, and at ascending x as a picture's columns ask for them; and the build of a
-/// "Least" stretch of 500 points.
+/// "Least" stretch of 500 points, of a sensor and of a step, which has no peer.
 #include "RatioReporter.h"
 #include "curve/lintab/Lintab.h"
 
@@ -112,9 +112,17 @@ void EvaluatePeer(benchmark::State &state, const Table &table, bool ascending)
     gsl_interp_free(interpolation);
 }
 
-void BuildOurs(benchmark::State &state)
+/// Rising points whose fit falls: it is held.
+Table StepTable()
 {
-    const Table table = SensorTable(Least);
+    Table table = SensorTable(Least);
+    for (CurvePoint &point : table.Points)
+        point.Y = point.X < table.Points[PointCount * 2 / 5].X ? 0 : 1;
+    return table;
+}
+
+void BuildOurs(benchmark::State &state, const Table &table)
+{
     for (auto _ : state)
         Build(table);
     SEN_Free();
@@ -171,7 +179,8 @@ void Register()
     addEvaluation("curve_eval_random", Spacing::Even, false);
     addEvaluation("curve_eval_decades", Spacing::NineDecades, false);
     addEvaluation("curve_eval_sequential", Spacing::Even, true);
-    add("curve_build_500/ostrakon", BuildOurs);
+    add("curve_build_500/ostrakon", [](benchmark::State &state) { BuildOurs(state, SensorTable(Least)); });
+    add("curve_build_step/ostrakon", [](benchmark::State &state) { BuildOurs(state, StepTable()); });
     add("curve_build_500/gsl", BuildPeer);
 }
 

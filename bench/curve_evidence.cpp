@@ -246,6 +246,7 @@ int main()
     PrintThermocouples();
     PrintResistances();
     PrintDegreeChoice();
+    PrintLevelCurves();
     PrintVariances();
     PrintRepeatedReadings();
     PrintMonotoneRules();

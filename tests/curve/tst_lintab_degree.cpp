@@ -38,6 +38,7 @@ private slots:
     void candidateDegrees();
     void choosesTheSmallestGoodDegree();
     void choosesAConstantForOutputsWithoutATrend();
+    void risingPointsGetNoLevelCurve();
     void choosesByLeavingPointsOut();
     void equalInputsCountAsData();
     void roundingAddsNoDegree();
@@ -100,6 +101,27 @@ void TestLintabDegree::choosesAConstantForOutputsWithoutATrend()
 }
 
 // The leave-one-out sums come from as many fits, each really without one of the points.
+// Three decades of a logarithm in five points: without one of the ends the mean does better there than any slope. Of
+// the other degrees the straight line does best.
+void TestLintabDegree::risingPointsGetNoLevelCurve()
+{
+    std::vector<CurvePoint> points;
+    for (int i = 0; i < 5; ++i)
+        points.push_back({std::pow(10, 0.75 * i), 0.75 * i});
+    const Lintab::LeastSquares rising(points);
+    QVERIFY(rising.LeaveOneOutError(0) < rising.LeaveOneOutError(1));
+    QVERIFY(rising.LeaveOneOutError(1) < rising.LeaveOneOutError(2));
+    QCOMPARE(rising.BestDegree(), 1);
+    for (CurvePoint &point : points)
+        point.Y = -point.Y;
+    QCOMPARE(Lintab::LeastSquares(points).BestDegree(), 1);
+    // Once they turn round, the mean may be best.
+    std::swap(points[2].Y, points[3].Y);
+    const Lintab::LeastSquares turning(points);
+    QVERIFY(turning.LeaveOneOutError(0) < turning.LeaveOneOutError(1));
+    QCOMPARE(turning.BestDegree(), 0);
+}
+
 void TestLintabDegree::choosesByLeavingPointsOut()
 {
     std::mt19937_64 random(5);

@@ -46,6 +46,7 @@ private slots:
     void straightOnWhereTheProductIsOutOfRange();
     void straightOnFromTheSmallestNumber();
     void straightOnFromASteepLine();
+    void straightOnFromAValueFarAboveTheFit();
 };
 
 void TestLintabLimits::finiteForEveryInput_data()
@@ -247,6 +248,22 @@ void TestLintabLimits::straightOnFromASteepLine()
     QCOMPARE(OneStretch({{0, 0}, {2 * Denormal, 1}, {1, 1}}, Line).Build(), 0);
     QCOMPARE(MeasuredBits(-1), BitsOf(-Largest));
     QCOMPARE(MeasuredBits(2), BitsOf(1.0));
+}
+
+void TestLintabLimits::straightOnFromAValueFarAboveTheFit()
+{
+    // A tiny fit that falls by 4e-10 an x, and a row at its last x that stands 310 decades above.
+    std::vector<CurvePoint> points;
+    for (const double x : Steps(0, 1, 0.25))
+        points.push_back({x, 5e-10 - 4e-10 * x});
+    Table table = OneStretch(points, Least);
+    table.Open(1, 1e-10, Line);
+    table.Add(1, 1e300);
+    QCOMPARE(table.Build(), 0);
+    QCOMPARE(MeasuredBits(2), BitsOf(1e300));
+    const double farOff = 1e300 - 4e-10 * Largest;
+    for (const auto &[x, y] : {std::pair(Largest, farOff), std::pair(Infinity, farOff)})
+        QVERIFY(std::abs(SEN_Meas_Z(x) / y - 1) < 1e-12);
 }
 
 QTEST_GUILESS_MAIN(TestLintabLimits)

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Every so manieth point, the first included.
+/// Every n-th point, the first included.
 std::vector<CurvePoint> EachOf(const std::vector<CurvePoint> &points, std::size_t step)
 {
     std::vector<CurvePoint> some;

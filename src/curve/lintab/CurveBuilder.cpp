@@ -190,7 +190,9 @@ Tail TailAt(double x, double value, const Piece &piece, const std::vector<Polyno
 {
     if (piece.Fit != Piece::Straight) {
         const Polynomial &fit = fits[piece.Fit];
-        return {x, value, fit.Frame.Scale, SlopeAt(fit, x)};
+        // Behind the last fit, rows of the same x may have led to a value far above the fit's.
+        const double scale = std::max(fit.Frame.Scale, PowerOfTwoBelow(std::abs(value)));
+        return {x, value, scale, SlopeAt(fit, x) * (fit.Frame.Scale / scale)};
     }
     const double scale = PowerOfTwoBelow(std::max(std::abs(value), std::abs(piece.Slope)));
     return {x, value, scale, piece.Slope / scale};

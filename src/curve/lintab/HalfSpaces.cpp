@@ -30,8 +30,9 @@ double MoveToFace(PerDegree &point, const PerDegree &direction)
 
 /// What leads a point to the faces of some half-spaces at once.
 struct Faces {
-    std::vector<PerDegree> Directions; ///< of length 1, at right angles; as many span as many normals
-    std::vector<PerDegree> Shares;     ///< of each normal in these directions
+    std::vector<PerDegree>
+        Directions;                ///< of length 1, at right angles to each other; the first n span the first n normals
+    std::vector<PerDegree> Shares; ///< of each normal in these directions
 
     /// False, with nothing done, when the normal is a mixture of those before it.
     bool Add(const PerDegree &normal);
@@ -87,8 +88,11 @@ void HalfSpaces::Add(const PerDegree &normal)
             });
         if (Product(m_nearest, *worst) >= outside)
             return;
-        m_pushes.push_back({static_cast<std::size_t>(worst - m_normals.begin()), 0});
+        const auto pushing = static_cast<std::size_t>(worst - m_normals.begin());
+        m_pushes.push_back({pushing, 0});
         Settle();
+        if (m_pushes.empty() || m_pushes.back().HalfSpace != pushing)
+            return; // no more than rounding tells that it ought to push
     }
 }
 
@@ -98,7 +102,8 @@ void HalfSpaces::Settle()
 {
     for (bool settled = false; !settled;) {
         Faces faces;
-        std::erase_if(m_pushes, [&](const Push &push) { return !faces.Add(m_normals[push.HalfSpace]); });
+        for (auto push = m_pushes.begin(); push != m_pushes.end();)
+            push = faces.Add(m_normals[push->HalfSpace]) ? push + 1 : m_pushes.erase(push);
         m_nearest = m_point;
         settled = Lengthen(MoveToFaces(m_nearest, faces));
     }

@@ -20,7 +20,7 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double PressTolerance = 1.05;      ///< a lower degree may be this much worse than the best
 constexpr double ResidualRounding = 0x1p-46; ///< residual, for |y| up to 2, that is rounding and tells no degrees apart
 constexpr double SmallestFreedom = 1e-12;    ///< 1 - leverage below which a point alone decides the fit at its x
-constexpr int MostHeldSlopes = 60;           ///< places; a few do but for rounding
+constexpr int MostHeldSlopes = 60;           ///< places; 42 were the most that random tables needed
 
 /// Inner product in four sums, so that no addition waits for the one before it; the order is the same on every machine.
 double Product(const std::vector<double> &left, const std::vector<double> &right)
@@ -38,7 +38,7 @@ double Product(const std::vector<double> &left, const std::vector<double> &right
 
 /// Adds `factor` times other numbers to as many.
 template <typename Numbers>
-void Add(Numbers &numbers, double factor, const Numbers &others)
+void AddMultiple(Numbers &numbers, double factor, const Numbers &others)
 {
     for (std::size_t i = 0; i < numbers.size(); ++i)
         numbers[i] += factor * others[i];
@@ -58,7 +58,7 @@ int HighestCandidate(int differentX)
     return std::max(0, std::min({HighestPolynomialDegree, byRoot, differentX - 2}));
 }
 
-/// Which way y goes with x, 0 when it goes both. Points of one x are in no order.
+/// 1 when y nowhere falls, -1 when it nowhere rises, 0 when it does both or neither. Points of one x are in no order.
 int DirectionOf(std::span<const CurvePoint> points)
 {
     const auto byY = [](const CurvePoint &left, const CurvePoint &right) { return left.Y < right.Y; };
@@ -74,9 +74,7 @@ int DirectionOf(std::span<const CurvePoint> points)
         high = highest->Y;
         group = next;
     }
-    if (!falls)
-        return 1;
-    return rises ? 0 : -1;
+    return (rises ? 1 : 0) - (falls ? 1 : 0);
 }
 
 } // namespace
@@ -102,6 +100,7 @@ LeastSquares::LeastSquares(std::span<const CurvePoint> points, double largestVar
     const int highest = HighestCandidate(DifferentValues(m_positions));
     m_basis.reserve(highest + 1);
     m_series[0][0] = 1 / std::sqrt(static_cast<double>(points.size()));
+    m_variances.fill(m_series[0][0] * m_series[0][0]);
     m_basis.emplace_back(points.size(), m_series[0][0]);
     ExpandResidual();
     while (HighestDegree() < highest && AddColumn())
@@ -120,8 +119,8 @@ bool LeastSquares::AddColumn()
     // Of all columns only the last two have a share in the new one.
     for (int k = std::max(0, degree - 1); k <= degree; ++k) {
         const double share = Product(column, m_basis[k]);
-        Add(column, -share, m_basis[k]);
-        Add(series, -share, m_series[k]);
+        AddMultiple(column, -share, m_basis[k]);
+        AddMultiple(series, -share, m_series[k]);
     }
     const double norm = std::sqrt(Product(column, column));
     if (!(norm > 0))
@@ -130,16 +129,16 @@ bool LeastSquares::AddColumn()
         value *= 1 / norm;
     for (double &coefficient : series)
         coefficient *= 1 / norm;
-    if (!IsDetermined(series))
+    if (!AddVariance(series))
         return false;
     m_basis.push_back(std::move(column));
     m_series[degree + 1] = series;
     return true;
 }
 
-/// Whether a fit that takes in this orthonormal polynomial is determined all over the stretch. Readings that repeat a
-/// few set points leave it open between them, where no residual tells of it.
-bool LeastSquares::IsDetermined(const PerDegree &series)
+/// Counts the next orthonormal polynomial's share in the variance of the fit. False when the fit is then too uncertain
+/// somewhere: readings that repeat a few set points leave it open between them, where no residual tells of it.
+bool LeastSquares::AddVariance(const PerDegree &series)
 {
     for (int node = 0; node < VarianceNodes; ++node) {
         // Closer together towards the ends, where polynomials change most.
@@ -159,7 +158,7 @@ void LeastSquares::ExpandResidual()
     for (int pass = 0; pass < 2; ++pass) {
         const double share = Product(column, m_residuals);
         m_weights[degree] += share;
-        Add(m_residuals, -share, column);
+        AddMultiple(m_residuals, -share, column);
     }
     double sum = 0;
     for (std::size_t i = 0; i < column.size(); ++i) {
@@ -180,10 +179,12 @@ double LeastSquares::LeaveOneOutError(int degree) const
 int LeastSquares::BestDegree() const
 {
     const double rounding = static_cast<double>(m_positions.size()) * ResidualRounding * ResidualRounding;
-    const auto lastDegree = m_press.begin() + HighestDegree();
-    const double least = std::max(*std::min_element(m_press.begin(), lastDegree + 1), rounding);
-    const auto best = std::find_if(m_press.begin(), lastDegree,
-                                   [least](double candidate) { return candidate <= PressTolerance * least; });
+    // A curve that is level where its points are not would tell nothing of the reading.
+    const auto lowest = m_press.begin() + (m_direction == 0 ? 0 : std::min(1, HighestDegree()));
+    const auto highest = m_press.begin() + HighestDegree();
+    const double least = std::max(*std::min_element(lowest, highest + 1), rounding);
+    const auto best =
+        std::find_if(lowest, highest, [least](double candidate) { return candidate <= PressTolerance * least; });
     return static_cast<int>(best - m_press.begin());
 }
 
@@ -192,7 +193,7 @@ Polynomial LeastSquares::WithWeights(const PerDegree &weights, int degree) const
 {
     Polynomial polynomial{.Frame = m_frame, .Degree = degree};
     for (int k = 0; k <= degree; ++k)
-        Add(polynomial.Coefficients, weights[k], m_series[k]);
+        AddMultiple(polynomial.Coefficients, weights[k], m_series[k]);
     return polynomial;
 }
 
@@ -209,12 +210,14 @@ Polynomial LeastSquares::MonotoneOfDegree(int degree) const
     // held to the direction where it goes most against it, then where it now does, and so on.
     HalfSpaces rightWay(m_weights);
     Polynomial nearest = OfDegree(degree);
-    for (int place = 0; place < MostHeldSlopes && !IsMonotone(nearest, m_direction); ++place) {
-        rightWay.Add(SlopeDirection(LowestSlope(nearest, m_direction).U, degree));
+    SlopeAtPlace lowest = LowestSlope(nearest, m_direction);
+    for (int place = 0; place < MostHeldSlopes && lowest.Slope < -lowest.Rounding; ++place) {
+        rightWay.Add(SlopeDirection(lowest.U, degree));
         nearest = WithWeights(rightWay.Nearest(), degree);
+        lowest = LowestSlope(nearest, m_direction);
     }
-    // The straight line through the points never goes against them: as much of it as makes up for what rounding left.
-    const double wrong = -LowestSlope(nearest, m_direction).Slope;
+    // The straight line through the points never goes against them: as much of it as makes up for what is left.
+    const double wrong = -lowest.Slope;
     if (wrong > 0) {
         const Polynomial line = OfDegree(1);
         const double share = wrong / (wrong + m_direction * line.Coefficients[1]);

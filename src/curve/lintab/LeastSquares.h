@@ -33,7 +33,7 @@ public:
     /// root of PRESS / n (D. M. Allen, 1974). Infinite when the fit is not determined without some point.
     double LeaveOneOutError(int degree) const;
 
-    /// The smallest degree whose PRESS is at most 1.05 of the least one.
+    /// The smallest degree whose PRESS is at most 1.05 of the least one; not 0 where the points rise or fall.
     int BestDegree() const;
 
     /// The fit of `degree`, 0 to HighestDegree().
@@ -48,7 +48,7 @@ private:
     static constexpr int VarianceNodes = 33;
 
     bool AddColumn();
-    bool IsDetermined(const PerDegree &series);
+    bool AddVariance(const PerDegree &series);
     void ExpandResidual();
     Polynomial WithWeights(const PerDegree &weights, int degree) const;
     Polynomial MonotoneOfDegree(int degree) const;
@@ -65,7 +65,7 @@ private:
     /// Chebyshev series of the orthonormal polynomial of each degree.
     std::array<PerDegree, HighestPolynomialDegree + 1> m_series{};
     std::array<double, VarianceNodes> m_variances{}; ///< of the fit at places of the stretch, for a y of variance 1
-    int m_direction = 0;                             ///< 1 points nowhere fall, -1 nowhere rise, 0 neither
+    int m_direction = 0;                             ///< 1 the points rise, -1 they fall, 0 both or neither
 };
 
 } // namespace Lintab

@@ -4,8 +4,8 @@
 /// A row with `IsSegment` opens a stretch of the curve, which runs to the next such row or to the last row; the first
 /// row opens one in any case. The `Arithmetic` of the opening row decides the whole stretch. "Line" passes through
 /// every point and is straight between neighbours. "Least" is one polynomial fitted by least squares to the points of
-/// the stretch and to the segment point that closes it; where these only rise or only fall, so does the polynomial. The
-/// curve is continuous as long as no two rows have the same X.
+/// the stretch and to the segment point that closes it; where these only rise or only fall, so does the polynomial,
+/// before it is moved to meet its neighbours. The curve is continuous as long as no two rows have the same X.
 ///
 /// All three operations belong to one thread. None of them throws.
 #pragma once

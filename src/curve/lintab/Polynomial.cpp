@@ -11,7 +11,7 @@ namespace Lintab {
 
 namespace {
 
-constexpr double SlopeRounding = 1e-9; ///< share of the steepest slope below which a slope counts as 0
+constexpr double SlopeRounding = 1e-9; ///< share of the slope's largest coefficient below which a slope counts as 0
 constexpr int HalvingsOfSpan = 30;     ///< intervals of 2^-30, over which a control polygon is its curve to rounding
 
 double Binomial(int n, int k)
@@ -67,9 +67,9 @@ SlopeAtPlace LowestOf(const SlopeForm &slope, double from, double to, const Slop
     const PerDegree &form = slope.Form;
     SlopeAtPlace lowest = known;
     if (form[0] < lowest.Slope)
-        lowest = {from, form[0]};
+        lowest = {from, form[0], slope.Rounding};
     if (form[slope.Degree] < lowest.Slope)
-        lowest = {to, form[slope.Degree]};
+        lowest = {to, form[slope.Degree], slope.Rounding};
     const double enclosed = *std::min_element(form.begin(), form.begin() + slope.Degree + 1);
     if (!(enclosed < lowest.Slope - slope.Rounding) || halvings == 0)
         return lowest;
@@ -83,11 +83,6 @@ SlopeAtPlace LowestOf(const SlopeForm &slope, double from, double to, const Slop
     const double middle = (from + to) / 2;
     lowest = LowestOf(left, from, middle, lowest, halvings - 1);
     return LowestOf(right, middle, to, lowest, halvings - 1);
-}
-
-SlopeAtPlace LowestOf(const SlopeForm &slope)
-{
-    return LowestOf(slope, -1, 1, {-1, slope.Form[0]}, HalvingsOfSpan);
 }
 
 } // namespace
@@ -114,8 +109,9 @@ double SlopeAt(const Polynomial &polynomial, double x)
 Polynomial PinnedAtEnds(const Polynomial &polynomial, double startValue, double endValue)
 {
     Polynomial pinned = polynomial;
-    pinned.Frame.Scale =
-        std::max({polynomial.Frame.Scale, PowerOfTwoBelow(std::abs(startValue)), PowerOfTwoBelow(std::abs(endValue))});
+    const double largest = std::max(std::abs(startValue), std::abs(endValue));
+    if (largest > 0)
+        pinned.Frame.Scale = std::max(polynomial.Frame.Scale, PowerOfTwoBelow(largest));
     for (double &coefficient : pinned.Coefficients)
         coefficient *= polynomial.Frame.Scale / pinned.Frame.Scale;
     const double atStart = startValue / pinned.Frame.Scale - SeriesAt(pinned.Coefficients, pinned.Degree, -1);
@@ -130,15 +126,14 @@ SlopeAtPlace LowestSlope(const Polynomial &polynomial, int direction)
 {
     if (polynomial.Degree == 0)
         return {};
-    return LowestOf(SlopeFormOf(polynomial, direction));
+    const SlopeForm slope = SlopeFormOf(polynomial, direction);
+    return LowestOf(slope, -1, 1, {-1, slope.Form[0], slope.Rounding}, HalvingsOfSpan);
 }
 
 bool IsMonotone(const Polynomial &polynomial, int direction)
 {
-    if (polynomial.Degree == 0)
-        return true;
-    const SlopeForm slope = SlopeFormOf(polynomial, direction);
-    return LowestOf(slope).Slope >= -slope.Rounding;
+    const SlopeAtPlace lowest = LowestSlope(polynomial, direction);
+    return lowest.Slope >= -lowest.Rounding;
 }
 
 } // namespace Lintab

@@ -34,13 +34,15 @@ double SlopeAt(const Polynomial &polynomial, double x);
 /// The polynomial plus the straight line that makes it `startValue` at u = -1 and `endValue` at u = 1.
 Polynomial PinnedAtEnds(const Polynomial &polynomial, double startValue, double endValue);
 
-/// A place in the stretch and the slope there over u, in units of Scale.
+/// A place in the stretch and the slope there, dy/du in units of Scale.
 struct SlopeAtPlace {
     double U = 0;
     double Slope = 0;
+    double Rounding =
+        0; ///< slope that counts as 0: a billionth of the largest coefficient of the slope's Bernstein form
 };
 
-/// Where direction * dy/du is lowest for u from -1 to 1, to a billionth of the steepest slope, and its value there.
+/// Where direction * dy/du is lowest for u from -1 to 1, to rounding, and its value there.
 /// @param direction 1 for a polynomial that is to rise, -1 for one that is to fall
 SlopeAtPlace LowestSlope(const Polynomial &polynomial, int direction);
 
