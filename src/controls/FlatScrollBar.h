@@ -4,7 +4,7 @@
 
 #include <QScrollBar>
 
-/// What the program sets is silent; Moved comes for the user's changes only, those of the dragged thumb included.
+/// What the program sets is silent. The user's changes come in two ways: each as it happens, or a drag as one.
 class FlatScrollBar : public QScrollBar {
     Q_OBJECT
 
@@ -19,8 +19,17 @@ public:
     void Release();
 
 signals:
+    /// Each step and page, and each move of the dragged thumb.
     void Moved();
+    /// Each step and page, and the end of a drag that has led to another position.
+    void Changed();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    void TellChange();
     bool m_silent = false;
+    bool m_pressing = false; ///< the toolkit has not said yet whether the press takes hold of the thumb
+    int m_told = 0;          ///< the position of the last Changed, or what the program has set since
 };

@@ -35,6 +35,18 @@ bool IsPaste(const QKeyEvent &event)
            (event.key() == Qt::Key_Insert && event.modifiers().testFlag(Qt::ShiftModifier));
 }
 
+/// The code of a key that cuts, undoes or redoes, by whichever of its ways the platform has, or 0: Shift+Delete cuts,
+/// and Ctrl+Y redoes also where the toolkit has only Ctrl+Shift+Z for that.
+int EditingCode(const QKeyEvent &event)
+{
+    if (event.matches(QKeySequence::Cut))
+        return CutKey;
+    if (event.matches(QKeySequence::Undo))
+        return UndoKey;
+    const bool controlY = event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
+    return controlY || event.matches(QKeySequence::Redo) ? RedoKey : 0;
+}
+
 /// Ctrl+Shift+Insert and the middle button take the mouse selection where the platform has one.
 QClipboard::Mode PasteSource(const QKeyEvent &event)
 {
@@ -88,7 +100,10 @@ void TextBox::Paste(QClipboard::Mode source)
 void TextBox::keyPressEvent(QKeyEvent *event)
 {
     event->accept();
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (const int code = EditingCode(*event)) {
+        if (Passes(code))
+            QLineEdit::keyPressEvent(event);
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         // Not passed on: a dialogue would click its default button.
         Passes(EnterKey);
     } else if (event->key() == Qt::Key_Backspace) {

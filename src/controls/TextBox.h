@@ -5,8 +5,10 @@
 #include <QClipboard>
 #include <QLineEdit>
 
-/// Whatever would change the text from outside the program goes through KeyPress first, character by character: keys,
-/// Ctrl+V (22), pasted, dropped and input-method text. A refusal that empties the box ends the text that comes in.
+/// Whatever brings text in from outside the program goes through KeyPress first, character by character: keys, pasted,
+/// dropped and input-method text. So do Ctrl+V (22), Ctrl+X (24), Ctrl+Y (25) and Ctrl+Z (26) with their other ways.
+/// Delete and what else only takes text away has no code and is not reported. A refusal that empties the box ends the
+/// text that comes in.
 class TextBox : public QLineEdit {
     Q_OBJECT
 
@@ -18,7 +20,8 @@ public:
     bool Locked() const { return isReadOnly(); }
 
 signals:
-    /// A key about to take effect: its character code; Backspace is 8, Enter 13, Ctrl+V 22. Set to 0, it is swallowed.
+    /// A key about to take effect: its character code; Backspace is 8, Enter 13, Ctrl+V 22, Ctrl+X 24, Ctrl+Y 25,
+    /// Ctrl+Z 26. Set to 0, it is swallowed.
     void KeyPress(int &key);
     /// The program or the user has changed the text.
     void Change();

@@ -1,17 +1,15 @@
 /// @file
-/// Scroll bar, up-down control, tab strip and image button.
+/// Up-down control, tab strip and image button.
+#include "controls/BesideAText.h"
 #include "controls/Boxes.h"
-#include "controls/FlatScrollBar.h"
 #include "controls/LumoButton.h"
 #include "controls/TabStrip.h"
-#include "controls/TextBox.h"
 #include "controls/UpDown.h"
 #include "support/BoxAnswer.h"
 #include "support/ErrorOf.h"
 
 #include <QHBoxLayout>
 #include <QSignalSpy>
-#include <QStyleOptionSlider>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -19,42 +17,10 @@
 
 namespace {
 
-/// A bar that tells where its parts are.
-class ProbedBar : public FlatScrollBar {
-public:
-    using FlatScrollBar::FlatScrollBar;
-
-    QRect Part(QStyle::SubControl part) const
-    {
-        QStyleOptionSlider option;
-        initStyleOption(&option);
-        return style()->subControlRect(QStyle::CC_ScrollBar, &option, part, this);
-    }
-};
-
 QToolButton *StepButton(UpDown &control, const char *name)
 {
     return control.findChild<QToolButton *>(QString::fromLatin1(name));
 }
-
-/// A text box with the focus beside a control, in an active window.
-class BesideAText {
-public:
-    explicit BesideAText(QWidget *control)
-    {
-        auto *column = new QVBoxLayout(&window);
-        column->addWidget(text);
-        column->addWidget(control);
-        window.show();
-        window.activateWindow();
-        text->setFocus();
-    }
-
-    bool HasFocus() { return QTest::qWaitForWindowActive(&window) && text->hasFocus(); }
-
-    QWidget window;
-    TextBox *text = new TextBox;
-};
 
 QList<int> Numbers(const QSignalSpy &spy)
 {
@@ -81,18 +47,12 @@ class BarsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void the_scroll_bar_is_silent_for_the_program();
-    void the_scroll_bar_cuts_to_its_range();
-    void the_dragged_thumb_tells_each_move();
-    void a_press_beside_the_thumb_moves_by_the_large_change();
     void up_down_reports_the_change_and_then_the_step();
     void up_down_keeps_its_range();
     void up_down_repeats_while_it_is_held();
     void a_box_ends_the_repetition();
     void a_click_on_up_down_takes_the_focus_data();
     void a_click_on_up_down_takes_the_focus();
-    void a_click_on_the_scroll_bar_takes_the_focus_data();
-    void a_click_on_the_scroll_bar_takes_the_focus();
     void a_tab_click_selects_and_reports();
     void the_selected_tab_can_be_clicked_again();
     void only_the_left_button_chooses_a_tab();
@@ -109,69 +69,6 @@ private slots:
     void the_picture_follows_the_size_of_the_button();
     void the_button_is_reached_by_tab();
 };
-
-void BarsTest::the_scroll_bar_is_silent_for_the_program()
-{
-    FlatScrollBar bar(Qt::Vertical);
-    QSignalSpy moved(&bar, &FlatScrollBar::Moved);
-    bar.SetUp(0, 100, 1, 10, 40);
-    QCOMPARE(bar.minimum(), 0);
-    QCOMPARE(bar.maximum(), 100);
-    QCOMPARE(bar.singleStep(), 1);
-    QCOMPARE(bar.pageStep(), 10);
-    QCOMPARE(bar.value(), 40);
-    bar.SetValue(60);
-    bar.SetRange(0, 50);
-    QCOMPARE(bar.value(), 50);
-    QCOMPARE(moved.count(), 0);
-    QCOMPARE(bar.orientation(), Qt::Vertical);
-}
-
-void BarsTest::the_scroll_bar_cuts_to_its_range()
-{
-    FlatScrollBar bar(Qt::Horizontal);
-    bar.SetUp(-5, 7, 1, 2, 99);
-    QCOMPARE(bar.value(), 7);
-    bar.SetValue(-6);
-    QCOMPARE(bar.value(), -5);
-}
-
-void BarsTest::the_dragged_thumb_tells_each_move()
-{
-    ProbedBar bar(Qt::Vertical);
-    bar.resize(15, 300);
-    bar.SetUp(0, 1000, 1, 100, 0);
-    bar.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    QList<int> values;
-    connect(&bar, &FlatScrollBar::Moved, &bar, [&] { values.append(bar.value()); });
-    const QPoint thumb = bar.Part(QStyle::SC_ScrollBarSlider).center();
-    QTest::mousePress(&bar, Qt::LeftButton, Qt::NoModifier, thumb);
-    QCOMPARE(values.size(), 0);
-    QTest::mouseMove(&bar, thumb + QPoint(0, 40));
-    QCOMPARE(values.size(), 1);
-    QTest::mouseMove(&bar, thumb + QPoint(0, 90));
-    QCOMPARE(values.size(), 2);
-    QVERIFY(0 < values[0] && values[0] < values[1]);
-    QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, thumb + QPoint(0, 90));
-    QCOMPARE(values.size(), 2);
-}
-
-void BarsTest::a_press_beside_the_thumb_moves_by_the_large_change()
-{
-    ProbedBar bar(Qt::Horizontal);
-    bar.resize(300, 24);
-    bar.SetUp(0, 1000, 1, 100, 500);
-    bar.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    QSignalSpy moved(&bar, &FlatScrollBar::Moved);
-    QTest::mouseClick(&bar, Qt::LeftButton, Qt::NoModifier, bar.Part(QStyle::SC_ScrollBarAddPage).center());
-    QCOMPARE(bar.value(), 600);
-    QCOMPARE(moved.count(), 1);
-    QTest::mouseClick(&bar, Qt::LeftButton, Qt::NoModifier, bar.Part(QStyle::SC_ScrollBarSubLine).center());
-    QCOMPARE(bar.value(), 599);
-    QCOMPARE(moved.count(), 2);
-}
 
 void BarsTest::up_down_reports_the_change_and_then_the_step()
 {
@@ -253,32 +150,6 @@ void BarsTest::a_click_on_up_down_takes_the_focus()
     QVERIFY(!beside.text->hasFocus());
     QVERIFY(control->isAncestorOf(QApplication::focusWidget()));
     QCOMPARE(order.join(u' '), QStringLiteral("left changed")); // the text is left before the step
-}
-
-void BarsTest::a_click_on_the_scroll_bar_takes_the_focus_data()
-{
-    QTest::addColumn<int>("part");
-    QTest::newRow("arrow") << static_cast<int>(QStyle::SC_ScrollBarAddLine);
-    QTest::newRow("beside the thumb") << static_cast<int>(QStyle::SC_ScrollBarAddPage);
-    QTest::newRow("thumb") << static_cast<int>(QStyle::SC_ScrollBarSlider);
-}
-
-void BarsTest::a_click_on_the_scroll_bar_takes_the_focus()
-{
-    QFETCH(const int, part);
-    auto *bar = new ProbedBar(Qt::Horizontal);
-    bar->setFixedSize(300, 24);
-    bar->SetUp(0, 1000, 1, 100, 0);
-    BesideAText beside(bar);
-    QVERIFY(beside.HasFocus());
-    QStringList order;
-    connect(beside.text, &TextBox::LostFocus, bar, [&] { order.append(QStringLiteral("left")); });
-    connect(bar, &FlatScrollBar::Moved, bar, [&] { order.append(QStringLiteral("moved")); });
-    const auto subControl = static_cast<QStyle::SubControl>(part);
-    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->Part(subControl).center());
-    QVERIFY(bar->hasFocus());
-    QCOMPARE(order.value(0), QStringLiteral("left"));
-    QCOMPARE(order.value(1), subControl == QStyle::SC_ScrollBarSlider ? QString() : QStringLiteral("moved"));
 }
 
 void BarsTest::a_tab_click_selects_and_reports()
