@@ -371,7 +371,8 @@ void ConnectStepping(EditDataFrm &form, int slot)
             key = 0;
     });
     ConnectGuarded(form.NOTxt, &TextBox::Change, &form, [&form] { LimitRowNumber(form); });
-    ConnectGuarded(form.HScroll1, &FlatScrollBar::Moved, &form, [&form] { StepToScrollPosition(form); });
+    // Not each move of a dragged thumb: a row that it passes would be put into the format and stored.
+    ConnectGuarded(form.HScroll1, &FlatScrollBar::Changed, &form, [&form] { StepToScrollPosition(form); });
     ConnectGuarded(form.UpDown1, &UpDown::DownClick, &form, [&form] { StepDown(form); });
     ConnectGuarded(form.UpDown1, &UpDown::UpClick, &form, [&form] { StepUp(form); });
     ConnectGuarded(form.UpDown1, &UpDown::Changed, &form, [&form, slot] { CheckCurrentLimit(form, slot); });

@@ -111,6 +111,18 @@ inline void ClickArrow(FlatScrollBar *bar, bool right)
     QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(right ? bar->width() - inside : inside, inside));
 }
 
+/// What a box holds while the message is up that a step brings up; the message is closed.
+inline QString TextBehindMessage(const TextBox *box, const std::function<void()> &step)
+{
+    QString text;
+    const WhenModal message(QStringLiteral("MessageBox"), [&](QWidget *window) {
+        text = box->text();
+        window->close();
+    });
+    step();
+    return text;
+}
+
 /// Whether the arithmetic can be chosen; all of it is enabled or nothing.
 inline bool ArithmeticOffered(const EditDataFrm &form)
 {

@@ -3,8 +3,9 @@
 /// filter refuses.
 ///
 /// Ctrl+V and what else pastes is a key of its own (22). No filter of these boxes has it, so that it is swallowed
-/// whole. What is dropped or committed by an input method has no such key, and each of its characters is judged as one.
-/// Once a character empties the box, what is left of the text is dropped: it would stand there as another number.
+/// whole; Ctrl+X (24), Ctrl+Y (25) and Ctrl+Z (26) likewise. What is dropped or committed by an input method has no
+/// such key, and each of its characters is judged as one. Once a character empties the box, what is left of the text is
+/// dropped: it would stand there as another number.
 #include "curve/EditDataBench.h"
 
 #include <QClipboard>
@@ -42,6 +43,8 @@ private slots:
 
     void a_paste_is_a_key_that_is_swallowed_data();
     void a_paste_is_a_key_that_is_swallowed();
+    void cut_undo_and_redo_are_keys_that_are_swallowed_data();
+    void cut_undo_and_redo_are_keys_that_are_swallowed();
     void no_box_has_a_context_menu();
     void a_right_press_in_a_value_box_empties_the_clipboard();
     void each_character_of_a_value_is_judged_as_a_key_data();
@@ -81,6 +84,43 @@ void EditDataInsertedTest::a_paste_is_a_key_that_is_swallowed()
                 QTest::keyClick(box, key, modifiers);
                 QCOMPARE(box->text(), before);
             }
+        }
+    });
+}
+
+void EditDataInsertedTest::cut_undo_and_redo_are_keys_that_are_swallowed_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<bool>("redo"); // rather than undo is what there is to do
+    QTest::newRow("Ctrl+X") << Qt::Key_X << Qt::KeyboardModifiers(Qt::ControlModifier) << false;
+    QTest::newRow("Shift+Delete") << Qt::Key_Delete << Qt::KeyboardModifiers(Qt::ShiftModifier) << false;
+    QTest::newRow("Ctrl+Z") << Qt::Key_Z << Qt::KeyboardModifiers(Qt::ControlModifier) << false;
+    QTest::newRow("Ctrl+Y") << Qt::Key_Y << Qt::KeyboardModifiers(Qt::ControlModifier) << true;
+    QTest::newRow("Ctrl+Shift+Z") << Qt::Key_Z << (Qt::ControlModifier | Qt::ShiftModifier) << true;
+}
+
+void EditDataInsertedTest::cut_undo_and_redo_are_keys_that_are_swallowed()
+{
+    QFETCH(const Qt::Key, key);
+    QFETCH(const Qt::KeyboardModifiers, modifiers);
+    QFETCH(const bool, redo);
+    EditDataBench bench;
+    bench.PutRows({1, 2, 3});
+    const BoxAnswers noBox;
+    Changing(bench, 1, [&](EditDataFrm &form) {
+        for (TextBox *box : {form.NOTxt, form.VolTxt, form.TemperateTxt}) {
+            Click(box);
+            box->selectAll();
+            QTest::keyClicks(box, QStringLiteral("2"));
+            if (redo)
+                box->undo();
+            box->selectAll();
+            QVERIFY(redo ? box->isRedoAvailable() : box->isUndoAvailable());
+            const QString before = box->text();
+            QCOMPARE(before == QStringLiteral("2"), !redo);
+            QTest::keyClick(box, key, modifiers);
+            QCOMPARE(box->text(), before);
         }
     });
 }

@@ -50,9 +50,9 @@ private slots:
     void enter_acts_as_ok_data();
     void enter_acts_as_ok();
     void leaving_a_value_puts_it_into_the_format();
-    void an_input_that_stands_twice_is_refused_once_for_each_row_data();
-    void an_input_that_stands_twice_is_refused_once_for_each_row();
-    void the_own_row_does_not_count_as_twice();
+    void a_box_is_emptied_behind_a_warning_but_ahead_of_the_notice_of_its_length_data();
+    void a_box_is_emptied_behind_a_warning_but_ahead_of_the_notice_of_its_length();
+    void a_box_whose_number_fails_to_convert_is_emptied_behind_the_warning();
 };
 
 void EditDataValuesTest::a_key_that_is_no_number_is_swallowed()
@@ -229,49 +229,42 @@ void EditDataValuesTest::leaving_a_value_puts_it_into_the_format()
     });
 }
 
-void EditDataValuesTest::an_input_that_stands_twice_is_refused_once_for_each_row_data()
+void EditDataValuesTest::a_box_is_emptied_behind_a_warning_but_ahead_of_the_notice_of_its_length_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("English") << 1 << QStringLiteral("One reference dot has two value! ");
-    QTest::newRow("Chinese") << 0 << QStringLiteral("同一个点存在两个数值! ");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown"); // while the message is up
+    QTest::newRow("out of range") << QStringLiteral("123456789") << QStringLiteral("123456789");
+    QTest::newRow("too small") << QStringLiteral(".0000000009") << QStringLiteral(".0000000009");
+    QTest::newRow("13th character") << QStringLiteral("-1234.567890") << QString();
 }
 
-void EditDataValuesTest::an_input_that_stands_twice_is_refused_once_for_each_row()
+void EditDataValuesTest::a_box_is_emptied_behind_a_warning_but_ahead_of_the_notice_of_its_length()
 {
-    QFETCH(int, language);
-    QFETCH(QString, text);
+    QFETCH(const QString, typed);
     EditDataBench bench;
-    CurrentLanguage = language;
-    bench.PutRows({1, 2.5, 2.5, 4});
-    BoxAnswers answers({QMessageBox::Ok, QMessageBox::Ok});
-    Changing(bench, 4, [](EditDataFrm &form) {
-        TypeOver(form.VolTxt, QStringLiteral("2.50"));
-        Click(form.TemperateTxt);
-        QCOMPARE(form.VolTxt->text(), QString());
-        QVERIFY(form.WorkingTable[4].Used);
-        Click(form.OkCmd);
-        QVERIFY(!form.isVisible());
+    Adding(bench, [&](EditDataFrm &form) {
+        for (TextBox *box : {form.VolTxt, form.TemperateTxt}) {
+            Click(box);
+            QTest::keyClicks(box, typed);
+            const QString shown = TextBehindMessage(box, [box] { QTest::keyClick(box, Qt::Key_1); });
+            QTEST(shown, "shown");
+            QCOMPARE(box->text(), QString());
+        }
     });
-    QCOMPARE(answers.Texts(), (QStringList{text, text}));
-    for (const ShownBox &box : answers.Shown())
-        QCOMPARE(box.Icon, QMessageBox::Warning);
-    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 2.5, 2.5}));
 }
 
-void EditDataValuesTest::the_own_row_does_not_count_as_twice()
+void EditDataValuesTest::a_box_whose_number_fails_to_convert_is_emptied_behind_the_warning()
 {
     EditDataBench bench;
-    bench.PutRows({1, 2, 3});
-    ReferenceTable[0][9].Input = 2; // not used
-    const BoxAnswers noBox;
-    Changing(bench, 2, [](EditDataFrm &form) {
-        TypeOver(form.VolTxt, QStringLiteral("2"));
-        Click(form.TemperateTxt);
-        QCOMPARE(form.VolTxt->text(), QStringLiteral("2.0"));
-        Click(form.OkCmd);
+    PutRow(0, 1, 1e100, 1e100);
+    RefreshReferenceLists();
+    const QString number = QStringLiteral("1") + QString(100, u'0') + QStringLiteral(".0");
+    Changing(bench, 1, [&](EditDataFrm &form) {
+        for (TextBox *box : {form.VolTxt, form.TemperateTxt}) {
+            QCOMPARE(TextBehindMessage(box, [box] { QTest::keyClick(box, Qt::Key_Backspace); }), number);
+            QCOMPARE(box->text(), QString());
+        }
     });
-    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{1, 2, 3}));
 }
 
 QTEST_MAIN(EditDataValuesTest)

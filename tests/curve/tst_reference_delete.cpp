@@ -1,5 +1,6 @@
 /// @file
 /// Deleting reference rows through the pop-up menu.
+#include "curve/EditDataBench.h"
 #include "curve/ReferenceEditBench.h"
 
 class ReferenceDeleteTest : public QObject {
@@ -12,6 +13,9 @@ private slots:
     void deleting_in_an_empty_list_asks_nothing();
     void all_rows_are_deleted_after_a_question_data();
     void all_rows_are_deleted_after_a_question();
+    void deleting_all_rows_leaves_the_marks();
+    void deleting_all_rows_leaves_the_lists_of_other_projects();
+    void deleting_rows_leaves_the_marks_to_their_rows();
     void cancel_keeps_all_rows();
     void the_commands_work_on_the_active_project();
     void edits_keep_the_applied_curve();
@@ -100,6 +104,50 @@ void ReferenceDeleteTest::all_rows_are_deleted_after_a_question()
     QCOMPARE(UsedInputs(ReferenceBackup[0]).size(), 500);
     QVERIFY(bench.project.UndoLumoBtn->isEnabled());
     QVERIFY(!bench.project.RedoLumoBtn->isEnabled());
+}
+
+void ReferenceDeleteTest::deleting_all_rows_leaves_the_marks()
+{
+    ReferenceEditBench bench;
+    bench.PutRows(4);
+    RowMarks[3] = true;
+    bench.DeleteAll();
+    QCOMPARE(bench.List().LineCount(), 0);
+    QVERIFY(RowMarks[3]); // a sort would have taken it off with the rows
+    Click(bench.project.UndoLumoBtn);
+    QCOMPARE(SelectedLines(bench.List()), QList<int>{3});
+}
+
+void ReferenceDeleteTest::deleting_all_rows_leaves_the_lists_of_other_projects()
+{
+    ReferenceEditBench bench;
+    const SensorProjFrm &second = bench.AddListProject(1);
+    bench.PutRows(3);
+    PutRow(1, 1, 5, 50);
+    PutRow(1, 2, 6, 60);
+    RefreshReferenceLists();
+    PutRow(1, 2, 7, 70); // a list that is filled anew would show it
+    second.EditDataView->SelectLine(1, true);
+    bench.frame.Children->setActiveSubWindow(&bench.project);
+    bench.DeleteAll();
+    QCOMPARE(bench.List().LineCount(), 0);
+    QCOMPARE(ColumnTexts(*second.EditDataView, 2), (QStringList{u"5.0"_qs, u"6.0"_qs}));
+    QCOMPARE(SelectedLines(*second.EditDataView), QList<int>{1});
+}
+
+void ReferenceDeleteTest::deleting_rows_leaves_the_marks_to_their_rows()
+{
+    ReferenceEditBench bench;
+    bench.PutRows(2);
+    InDialogue([&] { bench.RunFromPopup(bench.List(), bench.frame.mnuPopEditDataAdd); },
+               [](EditDataFrm &form) {
+                   TypeRow(form, QStringLiteral("3"), QStringLiteral("30"));
+                   Click(form.OkCmd);
+               });
+    QCOMPARE(SelectedLines(bench.List()), QList<int>{3});
+    bench.DeleteLines({1});
+    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{2, 3}));
+    QCOMPARE(SelectedLines(bench.List()), QList<int>{2});
 }
 
 void ReferenceDeleteTest::cancel_keeps_all_rows()

@@ -44,6 +44,8 @@ private slots:
     void a_row_of_zeros_shows_them();
     void a_refresh_shows_the_numbers_of_now();
     void there_is_one_line_for_each_used_row();
+    void lines_of_a_table_with_gaps_go_by_their_rows();
+    void marks_in_a_table_with_gaps_go_by_row();
     void a_full_table_has_500_lines();
     void marked_rows_are_selected();
     void a_mark_of_row_1_shows_in_a_list_of_one_line_only();
@@ -158,6 +160,38 @@ void ReferenceListTest::there_is_one_line_for_each_used_row()
     RefreshReferenceLists();
     QCOMPARE(form.EditDataView->LineCount(), 2);
     QCOMPARE(form.EditDataView->LineText(2, 2), QStringLiteral("20.0"));
+}
+
+void ReferenceListTest::lines_of_a_table_with_gaps_go_by_their_rows()
+{
+    BareFrame bare;
+    const SensorProjFrm &form = AddListProject(bare, 0);
+    CurrentLanguage = LanguageEnglish;
+    PutRow(0, 2, 20, 1); // as a file can bring them in
+    PutRow(0, 5, 50, 2, true, 1);
+    PutRow(0, 500, 5000, 3, true, 0);
+    RefreshReferenceLists();
+    QCOMPARE(TextsOfLine(form, 1), (QStringList{u"2"_qs, u"20.0"_qs, u"1.0"_qs, QString(), u"No"_qs}));
+    QCOMPARE(TextsOfLine(form, 2), (QStringList{u"5"_qs, u"50.0"_qs, u"2.0"_qs, u"Least"_qs, u"Yes"_qs}));
+    QCOMPARE(TextsOfLine(form, 3), (QStringList{u"500"_qs, u"5000.0"_qs, u"3.0"_qs, u"Line"_qs, u"Yes"_qs}));
+
+    CurrentLanguage = LanguageChinese;
+    TranslateReferenceLists();
+    QCOMPARE(TextsOfLine(form, 1), (QStringList{u"2"_qs, u"20.0"_qs, u"1.0"_qs, QString(), u"否"_qs}));
+    QCOMPARE(TextsOfLine(form, 2), (QStringList{u"5"_qs, u"50.0"_qs, u"2.0"_qs, u"曲线拟和"_qs, u"是"_qs}));
+}
+
+void ReferenceListTest::marks_in_a_table_with_gaps_go_by_row()
+{
+    BareFrame bare;
+    const SensorProjFrm &form = AddListProject(bare, 0);
+    for (const int row : {2, 5, 9, 500})
+        PutRow(0, row, row, row);
+    RowMarks[3] = true; // of a row that is not used
+    RowMarks[5] = true;
+    RowMarks[500] = true;
+    RefreshReferenceLists();
+    QCOMPARE(SelectedLines(form), (QList<int>{2, 4}));
 }
 
 void ReferenceListTest::a_full_table_has_500_lines()

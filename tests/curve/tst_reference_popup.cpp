@@ -35,10 +35,13 @@ class ReferencePopupTest : public QObject {
 private slots:
     void the_popup_enables_its_commands_by_the_number_of_rows_data();
     void the_popup_enables_its_commands_by_the_number_of_rows();
+    void a_table_with_gaps_is_full_by_its_last_row();
+    void adding_to_a_table_with_gaps_begins_behind_its_last_row();
     void the_popup_opens_at_the_pointer_by_the_right_button_only();
     void the_export_command_stays_hidden();
     void a_built_in_sensor_has_no_popup_data();
     void a_built_in_sensor_has_no_popup();
+    void a_built_in_sensor_is_not_edited_data();
     void a_built_in_sensor_is_not_edited();
     void the_popup_opens_the_dialogue();
     void a_double_click_decides_by_the_height_of_the_pointer_data();
@@ -74,6 +77,31 @@ void ReferencePopupTest::the_popup_enables_its_commands_by_the_number_of_rows()
     QTEST(frame.mnuPopEditDataDeleteAll->isEnabled(), "others");
     QTEST(frame.mnuPopEditDataApply->isEnabled(), "others");
     QTEST(frame.mnuPopEditDataExport->isEnabled(), "others");
+}
+
+void ReferencePopupTest::a_table_with_gaps_is_full_by_its_last_row()
+{
+    ReferenceEditBench bench;
+    for (const int row : {1, 7, 500}) // as a file can bring them in
+        PutRow(0, row, row, row);
+    RefreshReferenceLists();
+    QCOMPARE(bench.List().LineCount(), 3);
+    QVERIFY(bench.OpenPopup(bench.List()));
+    QVERIFY(!bench.frame.mnuPopEditDataAdd->isEnabled());
+    QVERIFY(bench.frame.mnuPopEditDataChange->isEnabled());
+}
+
+void ReferencePopupTest::adding_to_a_table_with_gaps_begins_behind_its_last_row()
+{
+    ReferenceEditBench bench;
+    for (const int row : {1, 7, 400})
+        PutRow(0, row, row, row);
+    RefreshReferenceLists();
+    TitleOfDialogue dialogue;
+    bench.RunFromPopup(bench.List(), bench.frame.mnuPopEditDataAdd);
+    QCOMPARE(dialogue.Title, QStringLiteral("EditData - Add Data"));
+    QCOMPARE(ReferenceRowCount, 400);
+    QCOMPARE(EditRowNumber, 401);
 }
 
 void ReferencePopupTest::the_popup_opens_at_the_pointer_by_the_right_button_only()
@@ -118,9 +146,17 @@ void ReferencePopupTest::a_built_in_sensor_has_no_popup()
     QCOMPARE(answers.Shown().first().Title, QStringLiteral("Ostrakon"));
 }
 
+void ReferencePopupTest::a_built_in_sensor_is_not_edited_data()
+{
+    a_built_in_sensor_has_no_popup_data();
+}
+
 void ReferencePopupTest::a_built_in_sensor_is_not_edited()
 {
+    QFETCH(const int, language);
+    QFETCH(const QString, text);
     ReferenceEditBench bench;
+    CurrentLanguage = language;
     bench.PutRows(2);
     SensorProjects[0].IsBuiltInSensor = true;
     EditRowNumber = 77;
@@ -130,7 +166,8 @@ void ReferencePopupTest::a_built_in_sensor_is_not_edited()
     }
     const BoxAnswers answers({QMessageBox::Ok});
     DoubleClickAt(bench.List(), 5 * bench.List().LineHeight());
-    QCOMPARE(answers.Texts(), QStringList{NotNeeded});
+    QCOMPARE(answers.Texts(), QStringList{text});
+    QCOMPARE(answers.Shown().first().Icon, QMessageBox::Warning);
     QCOMPARE(EditRowNumber, 77);
 }
 

@@ -13,6 +13,7 @@ private slots:
     void a_new_edit_ends_redo();
     void undo_after_delete_all_brings_all_rows_back_in_order();
     void undo_and_redo_keep_all_fields_of_a_row();
+    void undo_and_redo_leave_the_marks_to_their_rows();
     void undo_works_on_the_active_project();
     void undo_of_a_slot_that_is_none_is_out_of_range();
 };
@@ -118,6 +119,27 @@ void ReferenceUndoTest::undo_and_redo_keep_all_fields_of_a_row()
     QCOMPARE(LastUsedRow(0), 0);
     Click(bench.project.UndoLumoBtn);
     compareRow();
+}
+
+void ReferenceUndoTest::undo_and_redo_leave_the_marks_to_their_rows()
+{
+    ReferenceEditBench bench;
+    PutRow(0, 1, 9, 90); // not in order, as a file can bring them in
+    PutRow(0, 2, 5, 50);
+    PutRow(0, 3, 7, 70);
+    RefreshReferenceLists();
+    RowMarks[1] = true;
+    bench.DeleteLines({3});
+    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{5, 9}));
+    QCOMPARE(SelectedLines(bench.List()), QList<int>{2});
+    // The mark is now that of row 2, where the backup has the 5.
+    Click(bench.project.UndoLumoBtn);
+    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{5, 7, 9}));
+    QCOMPARE(SelectedLines(bench.List()), QList<int>()); // row 1, whose mark no list of several lines shows
+    QVERIFY(RowMarks[1] && !RowMarks[2]);
+    Click(bench.project.RedoLumoBtn);
+    QCOMPARE(UsedInputs(ReferenceTable[0]), (QList<double>{5, 9}));
+    QVERIFY(RowMarks[1] && !RowMarks[2]);
 }
 
 void ReferenceUndoTest::undo_works_on_the_active_project()
