@@ -17,8 +17,10 @@
 #include <QColor>
 #include <QMetaObject>
 #include <QStringList>
+#include <QTimer>
 
 #include <array>
+#include <chrono>
 
 class RunBench {
 public:
@@ -59,8 +61,15 @@ public:
         TickWithoutReply(slot);
     }
 
-    /// The same with the replies as the test has scripted them.
-    void TickWithoutReply(int slot = 0) { QMetaObject::invokeMethod(Form(slot).Timer1, "timeout"); }
+    /// The same with the replies as the test has scripted them. From then on a running timer does not tick by itself,
+    /// however slow the machine.
+    void TickWithoutReply(int slot = 0)
+    {
+        QTimer &timer = *Form(slot).Timer1;
+        if (timer.isActive())
+            timer.setInterval(std::chrono::hours(1));
+        QMetaObject::invokeMethod(&timer, "timeout");
+    }
 
     BareFrame bare;
     BoxAnswers boxes; ///< no box may come but those that a test adds an answer for
